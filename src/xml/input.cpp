@@ -1,0 +1,96 @@
+#include "xml/input.h"
+
+#include <cstddef>
+#include <limits>
+
+#ifdef __GLIBCXX__
+#include <cxxabi.h>
+#endif
+
+namespace ipsecimpl {
+
+void GetArea::consume(std::streambuf& buffer, const char* to)
+{
+    constexpr std::ptrdiff_t most = std::numeric_limits<int>::max(); // gbump() takes an int
+    std::ptrdiff_t           n    = to - begin(buffer);
+    for (; n > most; n -= most)
+        (buffer.*&GetArea::gbump)(std::numeric_limits<int>::max());
+    (buffer.*&GetArea::gbump)(static_cast<int>(n));
+}
+
+Input::Input(std::istream& stream)
+    : stream_(stream)
+    , buffer_(nullptr)
+{
+    // The sentry is what the stream's own functions begin with: it flushes a tied stream, and a stream that is not good
+    // gets its failbit.
+    if (std::istream::sentry(stream, true))
+        buffer_ = stream.rdbuf();
+}
+
+bool Input::putBack()
+{
+    // Like unget(): having looked as far as the end of input is undone.
+    stream_.clear(stream_.rdstate() & ~std::ios_base::eofbit);
+    if (!stream_.good())
+        return false;
+    buffer_ = stream_.rdbuf();
+    if (guarded([this] { return buffer_->sungetc(); }) != end)
+        return true;
+    stream_.setstate(std::ios_base::badbit);
+    return false;
+}
+
+int Input::underflow()
+{
+    if (buffer_ == nullptr) {
+        stream_.setstate(std::ios_base::failbit);
+        return end;
+    }
+    const int c = guarded([this] { return buffer_->sgetc(); });
+    if (c == end) {
+        buffer_ = nullptr;
+        if (!stream_.bad())
+            stream_.setstate(std::ios_base::eofbit);
+    }
+    return c;
+}
+
+int Input::uflow()
+{
+    if (underflow() == end) {
+        stream_.setstate(std::ios_base::failbit);
+        return end;
+    }
+    const int c = guarded([this] { return buffer_->sbumpc(); });
+    if (c == end) {
+        buffer_ = nullptr;
+        stream_.setstate(std::ios_base::failbit);
+    }
+    return c;
+}
+
+template <class Operation>
+int Input::guarded(Operation operation)
+{
+    try {
+        return operation();
+    }
+#ifdef __GLIBCXX__
+    catch (abi::__forced_unwind&) { // the thread is being cancelled
+        stream_.setstate(std::ios_base::badbit);
+        throw;
+    }
+#endif
+    catch (...) {
+        try {
+            stream_.setstate(std::ios_base::badbit);
+        } catch (const std::ios_base::failure&) { // the mask asks for the buffer's own exception instead
+        }
+        if ((stream_.exceptions() & std::ios_base::badbit) != 0)
+            throw;
+        return end;
+    }
+}
+
+} // namespace ipsecimpl

@@ -1,0 +1,117 @@
+#ifndef IPSECIMPL_XML_INPUT_H
+#define IPSECIMPL_XML_INPUT_H
+
+#include "xml/character.h"
+
+#include <istream>
+#include <streambuf>
+#include <string>
+
+namespace ipsecimpl {
+
+/// The characters that a stream buffer holds ready, in one piece instead of one call for each.
+///
+/// The standard keeps them for the buffer's own class; a derived class may name these members, and through such a
+/// name they can be called for any buffer.
+class GetArea : private std::streambuf {
+  public:
+    static const char* begin(const std::streambuf& buffer) { return (buffer.*&GetArea::gptr)(); }
+    static const char* end(const std::streambuf& buffer) { return (buffer.*&GetArea::egptr)(); }
+
+    /// Consumes what stands before `to`, a place between begin() and end().
+    static void consume(std::streambuf& buffer, const char* to);
+};
+
+/// The input of one parser operation: the stream's characters, read past the stream's own functions, which do much for
+/// each single one, but with the same outcome for its state.
+///
+/// What goes wrong reads as the end of input. It shows in the stream's state, and if the stream's exception mask says
+/// so, as its exception.
+class Input {
+  public:
+    static constexpr int end = std::char_traits<char>::eof();
+
+    explicit Input(std::istream& stream);
+
+    /// The next character, which stays in the stream, or `end`.
+    int peek()
+    {
+        if (buffer_ != nullptr) {
+            const char* const next = GetArea::begin(*buffer_);
+            if (next != GetArea::end(*buffer_))
+                return toByte(*next);
+        }
+        return underflow();
+    }
+
+    /// The next character, consumed, or `end`.
+    int get()
+    {
+        if (buffer_ != nullptr) {
+            const char* const next = GetArea::begin(*buffer_);
+            if (next != GetArea::end(*buffer_)) {
+                GetArea::consume(*buffer_, next + 1);
+                return toByte(*next);
+            }
+        }
+        return uflow();
+    }
+
+    /// Puts the character that was read last back. False if the stream cannot take it; the stream is bad then.
+    bool putBack();
+
+    void skipSpace()
+    {
+        forEach(isSpace, [](const char*, const char*) {});
+    }
+
+    /// Consumes and appends to `text` what comes before the first character that is `last(c)`, or the end of input.
+    template <class Predicate>
+    void appendUntil(std::string& text, Predicate last)
+    {
+        forEach([last](int c) { return !last(c); },
+                [&text](const char* from, const char* to) { text.append(from, to); });
+    }
+
+  private:
+    /// Consumes characters as long as each is `wanted(c)`, and hands them to `take` piece by piece.
+    template <class Predicate, class Take>
+    void forEach(Predicate wanted, Take take);
+
+    int underflow();
+    int uflow();
+
+    /// Runs one of the buffer's functions. Whatever it throws makes the stream bad, and is thrown on if the stream's
+    /// exception mask asks for that.
+    template <class Operation>
+    int guarded(Operation operation);
+
+    std::istream&   stream_;
+    std::streambuf* buffer_; // null when there is nothing more to read
+};
+
+template <class Predicate, class Take>
+void Input::forEach(Predicate wanted, Take take)
+{
+    for (int c = peek(); c != end && wanted(c); c = peek()) {
+        const char* const from  = GetArea::begin(*buffer_);
+        const char* const limit = GetArea::end(*buffer_);
+        if (from == limit) { // a buffer that holds nothing ready
+            c = get();
+            if (c == end)
+                return;
+            const char single = std::char_traits<char>::to_char_type(c);
+            take(&single, &single + 1);
+            continue;
+        }
+        const char* to = from + 1;
+        while (to != limit && wanted(toByte(*to)))
+            ++to;
+        take(from, to);
+        GetArea::consume(*buffer_, to);
+    }
+}
+
+} // namespace ipsecimpl
+
+#endif

@@ -1,0 +1,42 @@
+#include <ipsecimpl/actions.h>
+
+#include "enum/read_enum.h"
+#include "xml/element.h"
+
+namespace ipsecimpl {
+
+IKEPhase2::IKEPhase2(const std::list<IPsecProposal>& saProposals, const DHGroup& group, unsigned long lifetime,
+                     const KeyLifetimeUnits& units)
+    : proposals(saProposals)
+    , dhGroup(group)
+    , keyLifetime(lifetime)
+    , keyLifetimeUnits(units)
+{
+}
+
+IKEPhase2 IKEPhase2::importXML(XMLParser& parser)
+{
+    IKEPhase2 phase2({}, DH_GROUP_NONE, 28800, KEYLIFETIME_SECS);
+    parser.parse_simple_tag("ikePhase2");
+    phase2.dhGroup          = readEnum<DHGroup>(parser, "dhGroup", "invalid value", "<dhGroup> in <ikePhase2>");
+    phase2.keyLifetime      = readUnsigned(parser, "keyLifetime");
+    phase2.keyLifetimeUnits = readEnum<KeyLifetimeUnits>(parser, "keyLifetimeUnits", "invalid value",
+                                                         "<keyLifetimeUnits> in <ikePhase2>");
+    while (parser.parse_body() == PARSE_CHILD)
+        phase2.proposals.push_back(IPsecProposal::importXML(parser));
+    parser.parse_end_tag();
+    return phase2;
+}
+
+std::ostream& IKEPhase2::exportXML(std::ostream& out) const
+{
+    openTag(out, "ikePhase2");
+    writeLeaf(out, "dhGroup",          dhGroup);
+    writeLeaf(out, "keyLifetime",      keyLifetime);
+    writeLeaf(out, "keyLifetimeUnits", keyLifetimeUnits);
+    for (const IPsecProposal& proposal : proposals)
+        proposal.exportXML(out);
+    return closeTag(out, "ikePhase2");
+}
+
+} // namespace ipsecimpl

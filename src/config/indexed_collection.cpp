@@ -1,0 +1,188 @@
+#include <ipsecimpl/config.h>
+
+#include "xml/element.h"
+#include "xml/number.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace ipsecimpl {
+namespace {
+
+constexpr unsigned int lastID = 2147483647; // the greatest that a document can carry: IDs are read as signed numbers
+
+} // namespace
+
+template <class T, auto pluralTag, auto singularTag>
+IndexedCollection<T, pluralTag, singularTag>::IndexedCollection() = default;
+
+template <class T, auto pluralTag, auto singularTag>
+IndexedCollection<T, pluralTag, singularTag>::IndexedCollection(const IndexedCollection& other) = default;
+
+template <class T, auto pluralTag, auto singularTag>
+IndexedCollection<T, pluralTag, singularTag>::IndexedCollection(IndexedCollection&& other) noexcept
+    : entries_(std::move(other.entries_))
+    , nextID_(std::exchange(other.nextID_, 1))
+{
+    other.entries_.clear();
+}
+
+// The map's own assignment may assign to elements that are there, and an action would keep some of its fields then.
+template <class T, auto pluralTag, auto singularTag>
+IndexedCollection<T, pluralTag, singularTag>&
+IndexedCollection<T, pluralTag, singularTag>::operator=(const IndexedCollection& other)
+{
+    if (this != &other)
+        *this = IndexedCollection(other);
+    return *this;
+}
+
+template <class T, auto pluralTag, auto singularTag>
+IndexedCollection<T, pluralTag, singularTag>&
+IndexedCollection<T, pluralTag, singularTag>::operator=(IndexedCollection&& other) noexcept
+{
+    if (this != &other) {
+        entries_ = std::move(other.entries_);
+        nextID_  = std::exchange(other.nextID_, 1);
+        other.entries_.clear();
+    }
+    return *this;
+}
+
+template <class T, auto pluralTag, auto singularTag>
+IndexedCollection<T, pluralTag, singularTag>::~IndexedCollection() = default;
+
+template <class T, auto pluralTag, auto singularTag>
+unsigned int IndexedCollection<T, pluralTag, singularTag>::add(const T& element)
+{
+    return add(T(element));
+}
+
+template <class T, auto pluralTag, auto singularTag>
+unsigned int IndexedCollection<T, pluralTag, singularTag>::add(T&& element)
+{
+    if (nextID_ > lastID)
+        throw invalid_operation(std::string("no ID left for ") + *singularTag);
+    entries_.emplace_hint(entries_.end(), nextID_, std::move(element));
+    return nextID_++;
+}
+
+template <class T, auto pluralTag, auto singularTag>
+T* IndexedCollection<T, pluralTag, singularTag>::find(unsigned int id)
+{
+    const auto entry = entries_.find(id);
+    return entry == entries_.end() ? nullptr : &entry->second;
+}
+
+template <class T, auto pluralTag, auto singularTag>
+const T* IndexedCollection<T, pluralTag, singularTag>::find(unsigned int id) const
+{
+    const auto entry = entries_.find(id);
+    return entry == entries_.end() ? nullptr : &entry->second;
+}
+
+template <class T, auto pluralTag, auto singularTag>
+T& IndexedCollection<T, pluralTag, singularTag>::at(unsigned int id)
+{
+    return const_cast<T&>(std::as_const(*this).at(id));
+}
+
+template <class T, auto pluralTag, auto singularTag>
+const T& IndexedCollection<T, pluralTag, singularTag>::at(unsigned int id) const
+{
+    if (const T* const element = find(id))
+        return *element;
+    throw std::invalid_argument(std::string("no ") + *singularTag + " with ID " + std::to_string(id));
+}
+
+template <class T, auto pluralTag, auto singularTag>
+T& IndexedCollection<T, pluralTag, singularTag>::replace(unsigned int id, const T& element)
+{
+    T& stored = at(id);
+    T  copy(element); // if that throws, the stored one is whole
+    stored = std::move(copy);
+    return stored;
+}
+
+template <class T, auto pluralTag, auto singularTag>
+bool IndexedCollection<T, pluralTag, singularTag>::remove(unsigned int id)
+{
+    if (entries_.erase(id) == 0)
+        return false;
+    if (id == lastID)
+        nextID_ = lastID; // without its entry a document could not say that the next ID is beyond
+    return true;
+}
+
+template <class T, auto pluralTag, auto singularTag>
+IndexedCollection<T, pluralTag, singularTag>
+IndexedCollection<T, pluralTag, singularTag>::importXML(XMLParser& parser)
+{
+    const std::string singular = *singularTag;
+    const std::string entryTag = singular + "Entry";
+    const std::string nextTag  = "next" + singular;
+
+    IndexedCollection collection;
+    if (parser.parse_simple_tag(*pluralTag) != PARSE_CONTENT)
+        return collection;
+
+    std::string tag;
+    while (parser.parse_tag(tag)) {
+        if (tag == entryTag) {
+            if (parser.parse_tag_end() != PARSE_CONTENT)
+                throw ParseError(singular + " missing required data");
+            const int number = strtol32(readText(parser, "id"), 10);
+            if (number < 1)
+                throw ParseError("invalid ID for " + singular);
+            const auto id     = static_cast<unsigned int>(number);
+            const auto before = collection.entries_.size();
+            collection.entries_.emplace_hint(collection.entries_.end(), id, T::importXML(parser));
+            if (collection.entries_.size() == before)
+                throw ParseError("duplicate ID");
+            collection.nextID_ = std::max(collection.nextID_, id + 1);
+            parser.parse_end_tag();
+        } else if (tag == nextTag) {
+            // The messages differ on purpose: a self-closed tag names the element, an empty one itself.
+            if (parser.parse_tag_end() != PARSE_CONTENT)
+                throw ParseError(singular + " missing required data");
+            std::string text;
+            if (!parser.parse_data(text))
+                throw ParseError(nextTag + " missing required data");
+            const int next = strtol32(text, 10);
+            if (next < 1)
+                throw ParseError("invalid value for " + nextTag);
+            collection.nextID_ = std::max(collection.nextID_, static_cast<unsigned int>(next));
+            parser.parse_end_tag();
+        } else {
+            throw ParseError("unknown tag: " + tag);
+        }
+    }
+    parser.parse_end_tag();
+    return collection;
+}
+
+template <class T, auto pluralTag, auto singularTag>
+std::ostream& IndexedCollection<T, pluralTag, singularTag>::exportXML(std::ostream& out) const
+{
+    const std::string entryTag = std::string(*singularTag) + "Entry";
+    const std::string nextTag  = std::string("next") + *singularTag;
+
+    openTag(out, *pluralTag);
+    writeLeaf(out, nextTag, nextID_);
+    for (const auto& [id, element] : entries_) {
+        openTag(out, entryTag);
+        writeLeaf(out, "id", id);
+        element.exportXML(out);
+        closeTag(out, entryTag);
+    }
+    return closeTag(out, *pluralTag);
+}
+
+template class IndexedCollection<HostGroup, &__hostGroupsTag, &__hostGroupTag>;
+template class IndexedCollection<ProtocolGroup, &__protocolGroupsTag, &__protocolGroupTag>;
+template class IndexedCollection<IPsecAction, &__actionsTag, &__actionTag>;
+template class IndexedCollection<Policy, &__policiesTag, &__policyTag>;
+
+} // namespace ipsecimpl

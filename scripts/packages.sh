@@ -1,0 +1,29 @@
+# Installs Debian packages that are missing, with sudo where that is needed. Sourced by the other scripts:
+#
+#     need_packages cmake g++ ...
+
+need_packages()
+{
+    local package missing=()
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || {
+            echo "$0: run this as root, or install: ${missing[*]}" >&2
+            return 1
+        }
+        as_root=(sudo)
+    fi
+    echo "Installing ${missing[*]}"
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq update &&
+        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -y --no-install-recommends install \
+            "${missing[@]}" >/dev/null
+}
+
+# What a build of everything needs.
+build_packages=(cmake g++ ninja-build libcli11-dev)
+test_packages=("${build_packages[@]}" libgmock-dev libgtest-dev libxml2-utils pkg-config)

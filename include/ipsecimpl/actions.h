@@ -202,6 +202,18 @@ class IPSECIMPL_API IPsecAction {
     const std::string& nameGet() const { return name_; }
     const std::string& descrGet() const { return descr_; }
 
+    int builtinNameGet() const { return builtinName_; }   ///< number of the built-in name; 0 is none
+    int builtinDescrGet() const { return builtinDescr_; } ///< number of the built-in description; 0 is none
+
+    /// \name Numbers that are free for the caller
+    /// The library keeps them and gives them no meaning. Setting them is no change and is allowed at all times.
+    /// @{
+    int typeGet() const { return type_; }
+    int typeSet(int type) { return type_ = type; }
+    int stateGet() const { return state_; }
+    int stateSet(int state) { return state_ = state; }
+    /// @}
+
     /// The number of the built-in name, or of the built-in description, is greater than 0. Such an action refuses
     /// changes of name, description, SPD action and key manager, but not of the tunnel end point and the keying.
     bool isBuiltIn() const { return builtinName_ > 0 || builtinDescr_ > 0; }
@@ -244,8 +256,8 @@ class IPSECIMPL_API IPsecAction {
     int         builtinName_;
     std::string descr_;
     int         builtinDescr_;
-    int         type_  = 0; // free for the caller, only through the document
-    int         state_ = 0; // likewise
+    int         type_  = 0;
+    int         state_ = 0;
     std::string tunnelEndpoint_;
     IPsecKeyMgr keyMgr_;
     MKM         manualKey_;

@@ -37,8 +37,8 @@ class IPSECIMPL_API Enum {
     constexpr Enum& operator=(const Enum&) noexcept = default;
     ~Enum()                                         = default; // trivial, so that no constant is destroyed at exit
 
-    /// The number, for tables and `switch`.
-    constexpr explicit operator int() const noexcept { return value_; }
+    /// The number, for tables and `switch`. There is no implicit conversion.
+    constexpr int valueGet() const noexcept { return value_; }
 
     /// The number of the value called `name`, compared byte for byte. Throws `std::invalid_argument` "to_int" if no
     /// value is.
@@ -47,9 +47,6 @@ class IPSECIMPL_API Enum {
     friend constexpr bool operator==(const Enum& a, const Enum& b) noexcept { return a.value_ == b.value_; }
     friend constexpr bool operator!=(const Enum& a, const Enum& b) noexcept { return a.value_ != b.value_; }
     friend constexpr bool operator<(const Enum& a, const Enum& b) noexcept { return a.value_ < b.value_; }
-    friend constexpr bool operator<=(const Enum& a, const Enum& b) noexcept { return a.value_ <= b.value_; }
-    friend constexpr bool operator>(const Enum& a, const Enum& b) noexcept { return a.value_ > b.value_; }
-    friend constexpr bool operator>=(const Enum& a, const Enum& b) noexcept { return a.value_ >= b.value_; }
 
   private:
     int value_;
@@ -68,7 +65,7 @@ int Enum<Num, Names>::to_int(const std::string& name)
 template <typename CharT, typename Traits, int Num, auto Names>
 std::basic_ostream<CharT, Traits>& operator<<(std::basic_ostream<CharT, Traits>& os, const Enum<Num, Names>& e)
 {
-    return os << (*Names)[static_cast<int>(e)];
+    return os << (*Names)[e.valueGet()];
 }
 
 #ifdef __clang__

@@ -87,6 +87,9 @@ class IPSECIMPL_API HostSelector {
 ///
 /// A value, with one oddity that is deliberate: assignment leaves the target its own `name`, construction from
 /// another selector takes the name along. Where `protocol` is 0, comparison, equality and output ignore the ports.
+///
+/// Give it a name: a selector whose name is empty is written as any other, but its reader refuses an empty <name>, so
+/// that the document cannot be loaded again. The same holds for a name of white space alone.
 class IPSECIMPL_API ProtocolSelector {
   public:
     /// Stores the arguments; nothing is checked.

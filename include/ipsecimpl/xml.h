@@ -62,14 +62,6 @@ inline constexpr int PARSE_DATA    = 6; ///< character data is next
 /// One thread at a time may use a parser; it shares nothing but the caller's stream.
 class IPSECIMPL_API XMLParser {
   public:
-    /// \name The token results, as members beside the operations that return them
-    /// @{
-    static constexpr int PARSE_CHILD   = ipsecimpl::PARSE_CHILD;
-    static constexpr int PARSE_CONTENT = ipsecimpl::PARSE_CONTENT;
-    static constexpr int PARSE_END     = ipsecimpl::PARSE_END;
-    static constexpr int PARSE_DATA    = ipsecimpl::PARSE_DATA;
-    /// @}
-
     /// Reads nothing yet. `in` must outlive the parser; its `skipws` flag is switched off and stays off.
     explicit XMLParser(std::istream& in);
 

@@ -1,0 +1,61 @@
+# Runs the example program PROGRAM and compares all that it says and stores, and its exit status. Its files go to the
+# working directory.
+
+set(config ${CMAKE_CURRENT_LIST_DIR}/configs/home-router.xml)
+set(said "\
+action 1 stays 'Discard': cannot change name of a built-in object
+action 2 stays 'Bypass': cannot change name of a built-in object
+action 5 'Cottage tunnel': forward secrecy turned on
+policy 9 added
+")
+
+function(expect_equal what actual expected)
+  if(NOT "${actual}" STREQUAL "${expected}")
+    message(SEND_ERROR "${case}: ${what} is\n${actual}\nnot\n${expected}")
+  endif()
+endfunction()
+
+# Runs PROGRAM with the remaining arguments. Leaves its standard output in `stored` for the checks that follow.
+function(expect case status errors)
+  execute_process(COMMAND ${PROGRAM} ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE error)
+  expect_equal("exit status" "${result}" "${status}")
+  expect_equal("standard error" "${error}" "${errors}")
+  set(case "${case}" PARENT_SCOPE)
+  set(stored "${output}" PARENT_SCOPE)
+endfunction()
+
+# The document in `file` is the sample with the changes in edit_config.diff, and no others.
+function(expect_edited file)
+  execute_process(COMMAND diff ${config} ${file} OUTPUT_VARIABLE changes ERROR_VARIABLE error)
+  file(READ ${CMAKE_CURRENT_LIST_DIR}/edit_config.diff expected)
+  expect_equal("difference to the sample" "${changes}${error}" "${expected}")
+endfunction()
+
+expect("to standard output" 0 "${said}" ${config})
+file(WRITE stored.xml "${stored}")
+expect_edited(stored.xml)
+
+file(REMOVE stored.xml)
+expect("to a file" 0 "${said}" ${config} stored.xml)
+expect_equal("standard output" "${stored}" "")
+expect_edited(stored.xml)
+
+file(WRITE broken.xml "<ipsec>\n<hostGroups>\n</protocolGroups>\n</ipsec>\n")
+expect("a document that does not load" 1
+  "broken.xml: parse_end_tag: begin/end tags don't match\nfrom <hostGroups>\nfrom <ipsec>\n" broken.xml)
+
+file(READ ${config} full)
+string(REPLACE "<id>6</id>" "<id>2147483647</id>" full "${full}")
+file(WRITE full.xml "${full}")
+string(REPLACE "policy 9 added" "full.xml: no ID left for hostGroup" said_full "${said}")
+expect("a document without room for another host group" 1 "${said_full}" full.xml)
+expect_equal("standard output" "${stored}" "")
+
+set(usage "usage: edit_config CONFIG [OUTPUT]\n")
+expect("no argument" 2 "${usage}")
+expect("too many arguments" 2 "${usage}" ${config} stored.xml again)
+
+expect("a missing file" 2 "missing.xml: cannot be read\n" missing.xml)
+expect("a directory" 2 ".: cannot be read\n" .)
+expect("an output in a missing folder" 2 "${said}missing/stored.xml: cannot be written\n" ${config} missing/stored.xml)
+expect("a full disk" 2 "${said}/dev/full: cannot be written\n" ${config} /dev/full)

@@ -1,0 +1,7 @@
+# The first unit is the first to be initialised, ahead of the library where that is an archive.
+ipsecimpl_test(test_enum
+  enum/initialised_first.cpp
+  enum/enum.cpp
+  enum/action_enums.cpp
+  enum/host_enums.cpp
+  enum/protocol_enums.cpp)

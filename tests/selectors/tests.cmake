@@ -1,0 +1,13 @@
+ipsecimpl_test(test_selectors
+  selectors/builtin_groups.cpp
+  selectors/host_selector.cpp
+  selectors/host_selector_document.cpp
+  selectors/host_selector_mask.cpp
+  selectors/host_selector_order.cpp
+  selectors/protocol_selector.cpp
+  selectors/protocol_selector_document.cpp
+  selectors/protocol_selector_order.cpp
+  selectors/protocol_selector_refusals.cpp
+  selectors/selector_group.cpp
+  selectors/selector_group_document.cpp
+  selectors/selector_group_refusals.cpp)

@@ -55,6 +55,11 @@ class IPSECIMPL_API IKEPhase2 {
     IKEPhase2(const std::list<IPsecProposal>& proposals, const DHGroup& dhGroup, unsigned long keyLifetime,
               const KeyLifetimeUnits& units);
 
+    IKEPhase2(const IKEPhase2&)     = default;
+    IKEPhase2(IKEPhase2&&) noexcept = default;
+    IKEPhase2& operator=(IKEPhase2 other) noexcept; ///< if copying throws, the target is as it was
+    ~IKEPhase2() = default;
+
     /// Reads one <ikePhase2> element. Throws ParseError; then there is no phase 2.
     static IKEPhase2 importXML(XMLParser& parser);
 
@@ -74,6 +79,11 @@ class IPSECIMPL_API IKEPhase1Proposal {
   public:
     IKEPhase1Proposal(const std::list<IKEPhase1Transform>& transforms, const DHGroup& dhGroup,
                       unsigned long keyLifetime, const KeyLifetimeUnits& units);
+
+    IKEPhase1Proposal(const IKEPhase1Proposal&)     = default;
+    IKEPhase1Proposal(IKEPhase1Proposal&&) noexcept = default;
+    IKEPhase1Proposal& operator=(IKEPhase1Proposal other) noexcept; ///< if copying throws, the target is as it was
+    ~IKEPhase1Proposal() = default;
 
     /// Reads one <proposal> element. Throws ParseError; then there is no proposal.
     static IKEPhase1Proposal importXML(XMLParser& parser);
@@ -103,6 +113,11 @@ class IPSECIMPL_API IKEPhase1 {
     IKEPhase1(const IKEAuthType& authType, const std::string& localCert, const std::string& peerTrust,
               const std::string& presharedKey, const IKEPhase1Proposal& proposal);
 
+    IKEPhase1(const IKEPhase1&)     = default;
+    IKEPhase1(IKEPhase1&&) noexcept = default;
+    IKEPhase1& operator=(IKEPhase1 other) noexcept; ///< if copying throws, the target is as it was
+    ~IKEPhase1() = default;
+
     const IKEAuthType& authTypeGet() const { return authType_; }
     /// Keeps the three texts, whatever the new type.
     const IKEAuthType& authTypeSet(const IKEAuthType& authType);
@@ -119,7 +134,7 @@ class IPSECIMPL_API IKEPhase1 {
     /// @}
 
     const IKEPhase1Proposal& proposalGet() const { return proposal_; }
-    const IKEPhase1Proposal& proposalSet(const IKEPhase1Proposal& proposal); ///< if it throws, nothing is changed
+    const IKEPhase1Proposal& proposalSet(const IKEPhase1Proposal& proposal);
 
     /// Reads one <ikePhase1> element. Throws ParseError; then there is no phase 1.
     static IKEPhase1 importXML(XMLParser& parser);
@@ -145,6 +160,11 @@ class IPSECIMPL_API MKM {
   public:
     /// No protocol, all numbers 0, all texts empty.
     MKM();
+
+    MKM(const MKM&)     = default;
+    MKM(MKM&&) noexcept = default;
+    MKM& operator=(MKM other) noexcept; ///< if copying throws, the target is as it was
+    ~MKM() = default;
 
     /// Reads one <manualKey> element. Throws ParseError; then there is no key.
     static MKM importXML(XMLParser& parser);
@@ -188,8 +208,7 @@ class IPSECIMPL_API IPsecAction {
 
     IPsecAction(const IPsecAction& other);                ///< `type` and `state` start at 0
     IPsecAction(IPsecAction&& other) noexcept;            ///< carries `type` and `state`
-    IPsecAction& operator=(const IPsecAction& other);     ///< `type` and `state` stay; all or nothing
-    IPsecAction& operator=(IPsecAction&& other) noexcept; ///< `type` and `state` stay
+    IPsecAction& operator=(IPsecAction other) noexcept;   ///< `type` and `state` stay; if copying throws, all of it does
     ~IPsecAction();
 
     const SPDAction& spdActionGet() const { return spdAction_; }

@@ -52,8 +52,7 @@ class IPSECIMPL_API IndexedCollection {
 
     IndexedCollection(const IndexedCollection& other);
     IndexedCollection(IndexedCollection&& other) noexcept; ///< `other` is empty afterwards, its next ID is 1
-    IndexedCollection& operator=(const IndexedCollection& other);
-    IndexedCollection& operator=(IndexedCollection&& other) noexcept; ///< `other` is empty afterwards, its next ID is 1
+    IndexedCollection& operator=(IndexedCollection other) noexcept; ///< if copying throws, the target is as it was
     ~IndexedCollection();
 
     /// Stores a copy of `element` under the next ID, which it returns.
@@ -128,8 +127,7 @@ class IPSECIMPL_API IPsecConfig {
 
     IPsecConfig(const IPsecConfig& other);                ///< the actions' `type` and `state` start at 0
     IPsecConfig(IPsecConfig&& other) noexcept;            ///< `other` is empty afterwards
-    IPsecConfig& operator=(const IPsecConfig& other);     ///< if it throws, the target is as it was
-    IPsecConfig& operator=(IPsecConfig&& other) noexcept; ///< `other` is empty afterwards
+    IPsecConfig& operator=(IPsecConfig other) noexcept;   ///< if copying throws, the target is as it was
     ~IPsecConfig();
 
     /// Reads one <ipsec> element; what follows it stays in the stream.

@@ -4,6 +4,7 @@
 #include "xml/element.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace ipsecimpl {
 namespace {
@@ -24,6 +25,16 @@ IKEPhase1::IKEPhase1(const IKEAuthType& authType, const std::string& localCert, 
     , presharedKey_(presharedKey)
     , proposal_(proposal)
 {
+}
+
+IKEPhase1& IKEPhase1::operator=(IKEPhase1 other) noexcept
+{
+    authType_ = other.authType_;
+    localCert_.swap(other.localCert_);
+    peerTrust_.swap(other.peerTrust_);
+    presharedKey_.swap(other.presharedKey_);
+    proposal_ = std::move(other.proposal_);
+    return *this;
 }
 
 const IKEAuthType& IKEPhase1::authTypeSet(const IKEAuthType& authType)
@@ -69,7 +80,7 @@ const std::string& IKEPhase1::peerTrustSet(const std::string& peerTrust)
 
 const IKEPhase1Proposal& IKEPhase1::proposalSet(const IKEPhase1Proposal& proposal)
 {
-    return proposal_ = IKEPhase1Proposal(proposal); // if the copy throws, the old proposal is whole
+    return proposal_ = proposal;
 }
 
 // The reader sets the fields directly: the setters' rules are for editing. Its message says <auth>, not <authType>.

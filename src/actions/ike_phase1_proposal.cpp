@@ -14,6 +14,15 @@ IKEPhase1Proposal::IKEPhase1Proposal(const std::list<IKEPhase1Transform>& transf
 {
 }
 
+IKEPhase1Proposal& IKEPhase1Proposal::operator=(IKEPhase1Proposal other) noexcept
+{
+    transforms.swap(other.transforms);
+    dhGroup          = other.dhGroup;
+    keyLifetime      = other.keyLifetime;
+    keyLifetimeUnits = other.keyLifetimeUnits;
+    return *this;
+}
+
 // The messages say <ikePhase1Proposal> though the tag is <proposal>.
 IKEPhase1Proposal IKEPhase1Proposal::importXML(XMLParser& parser)
 {

@@ -14,6 +14,15 @@ IKEPhase2::IKEPhase2(const std::list<IPsecProposal>& saProposals, const DHGroup&
 {
 }
 
+IKEPhase2& IKEPhase2::operator=(IKEPhase2 other) noexcept
+{
+    proposals.swap(other.proposals);
+    dhGroup          = other.dhGroup;
+    keyLifetime      = other.keyLifetime;
+    keyLifetimeUnits = other.keyLifetimeUnits;
+    return *this;
+}
+
 IKEPhase2 IKEPhase2::importXML(XMLParser& parser)
 {
     IKEPhase2 phase2({}, DH_GROUP_NONE, 28800, KEYLIFETIME_SECS);

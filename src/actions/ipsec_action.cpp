@@ -59,29 +59,20 @@ IPsecAction::IPsecAction(const IPsecAction& other)
 // It is the same action in another place: what was read from a document stays whole on its way into a collection.
 IPsecAction::IPsecAction(IPsecAction&&) noexcept = default;
 
-IPsecAction& IPsecAction::operator=(const IPsecAction& other)
-{
-    if (this != &other)
-        *this = IPsecAction(other);
-    return *this;
-}
-
 // type_ and state_ are left out on purpose and stay.
-IPsecAction& IPsecAction::operator=(IPsecAction&& other) noexcept
+IPsecAction& IPsecAction::operator=(IPsecAction other) noexcept
 {
-    if (this != &other) {
-        spdAction_      = other.spdAction_;
-        changeCount_    = other.changeCount_;
-        name_           = std::move(other.name_);
-        builtinName_    = other.builtinName_;
-        descr_          = std::move(other.descr_);
-        builtinDescr_   = other.builtinDescr_;
-        tunnelEndpoint_ = std::move(other.tunnelEndpoint_);
-        keyMgr_         = other.keyMgr_;
-        manualKey_      = std::move(other.manualKey_);
-        ikePhase1_      = std::move(other.ikePhase1_);
-        ikePhase2_      = std::move(other.ikePhase2_);
-    }
+    spdAction_   = other.spdAction_;
+    changeCount_ = other.changeCount_;
+    name_.swap(other.name_);
+    builtinName_ = other.builtinName_;
+    descr_.swap(other.descr_);
+    builtinDescr_ = other.builtinDescr_;
+    tunnelEndpoint_.swap(other.tunnelEndpoint_);
+    keyMgr_    = other.keyMgr_;
+    manualKey_ = std::move(other.manualKey_);
+    ikePhase1_ = std::move(other.ikePhase1_);
+    ikePhase2_ = std::move(other.ikePhase2_);
     return *this;
 }
 
@@ -164,7 +155,7 @@ const std::string& IPsecAction::tunnelEndpointSet(const std::string& tunnelEndpo
 const MKM& IPsecAction::manualKeySet(const MKM& manualKey)
 {
     require(keyMgr_ == KEYMGR_MKM, "key is only defined for IPSEC-MKM");
-    manualKey_ = MKM(manualKey); // if the copy throws, the old key is whole
+    manualKey_ = manualKey;
     countChange(changeCount_);
     return manualKey_;
 }
@@ -172,7 +163,7 @@ const MKM& IPsecAction::manualKeySet(const MKM& manualKey)
 const IKEPhase1& IPsecAction::ikePhase1Set(const IKEPhase1& ikePhase1)
 {
     require(keyMgr_ == KEYMGR_IKE, "ikePhase1 is only defined for IPSEC-IKE");
-    ikePhase1_ = IKEPhase1(ikePhase1);
+    ikePhase1_ = ikePhase1;
     countChange(changeCount_);
     return ikePhase1_;
 }
@@ -180,7 +171,7 @@ const IKEPhase1& IPsecAction::ikePhase1Set(const IKEPhase1& ikePhase1)
 const IKEPhase2& IPsecAction::ikePhase2Set(const IKEPhase2& ikePhase2)
 {
     require(keyMgr_ == KEYMGR_IKE, "ikePhase2 is only defined for IPSEC-IKE");
-    ikePhase2_ = IKEPhase2(ikePhase2);
+    ikePhase2_ = ikePhase2;
     countChange(changeCount_);
     return ikePhase2_;
 }

@@ -22,6 +22,21 @@ MKM::MKM()
 {
 }
 
+MKM& MKM::operator=(MKM other) noexcept
+{
+    saProposal    = other.saProposal;
+    inboundESPSPI = other.inboundESPSPI;
+    inboundAHSPI  = other.inboundAHSPI;
+    inboundDecrKey.swap(other.inboundDecrKey);
+    inboundAuthKey.swap(other.inboundAuthKey);
+    outboundESPSPI = other.outboundESPSPI;
+    outboundAHSPI  = other.outboundAHSPI;
+    outboundEncrKey.swap(other.outboundEncrKey);
+    outboundAuthKey.swap(other.outboundAuthKey);
+    outboundEncrIV.swap(other.outboundEncrIV);
+    return *this;
+}
+
 MKM MKM::importXML(XMLParser& parser)
 {
     MKM key;

@@ -29,25 +29,14 @@ IndexedCollection<T, pluralTag, singularTag>::IndexedCollection(IndexedCollectio
     other.entries_.clear();
 }
 
-// The map's own assignment may assign to elements that are there, and an action would keep some of its fields then.
+// By swapping: the map's own assignment may assign to elements that are there, and an action would keep some of its
+// fields then.
 template <class T, auto pluralTag, auto singularTag>
 IndexedCollection<T, pluralTag, singularTag>&
-IndexedCollection<T, pluralTag, singularTag>::operator=(const IndexedCollection& other)
+IndexedCollection<T, pluralTag, singularTag>::operator=(IndexedCollection other) noexcept
 {
-    if (this != &other)
-        *this = IndexedCollection(other);
-    return *this;
-}
-
-template <class T, auto pluralTag, auto singularTag>
-IndexedCollection<T, pluralTag, singularTag>&
-IndexedCollection<T, pluralTag, singularTag>::operator=(IndexedCollection&& other) noexcept
-{
-    if (this != &other) {
-        entries_ = std::move(other.entries_);
-        nextID_  = std::exchange(other.nextID_, 1);
-        other.entries_.clear();
-    }
+    entries_.swap(other.entries_);
+    nextID_ = other.nextID_;
     return *this;
 }
 
@@ -100,10 +89,7 @@ const T& IndexedCollection<T, pluralTag, singularTag>::at(unsigned int id) const
 template <class T, auto pluralTag, auto singularTag>
 T& IndexedCollection<T, pluralTag, singularTag>::replace(unsigned int id, const T& element)
 {
-    T& stored = at(id);
-    T  copy(element); // if that throws, the stored one is whole
-    stored = std::move(copy);
-    return stored;
+    return at(id) = element;
 }
 
 template <class T, auto pluralTag, auto singularTag>

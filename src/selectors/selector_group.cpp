@@ -25,17 +25,18 @@ SelectorGroup<Tag, Selector>::SelectorGroup(const SelectorGroup&) = default;
 template <auto Tag, class Selector>
 SelectorGroup<Tag, Selector>::SelectorGroup(SelectorGroup&&) noexcept = default;
 
-// The set's own assignment may assign to selectors that are there, and a protocol selector would keep its name then.
+// By swapping: the set's own assignment may assign to selectors that are there, and a protocol selector would keep its
+// name then.
 template <auto Tag, class Selector>
-SelectorGroup<Tag, Selector>& SelectorGroup<Tag, Selector>::operator=(const SelectorGroup& other)
+SelectorGroup<Tag, Selector>& SelectorGroup<Tag, Selector>::operator=(SelectorGroup other) noexcept
 {
-    if (this != &other)
-        *this = SelectorGroup(other);
+    name.swap(other.name);
+    builtinName = other.builtinName;
+    descr.swap(other.descr);
+    builtinDescr = other.builtinDescr;
+    selectors.swap(other.selectors);
     return *this;
 }
-
-template <auto Tag, class Selector>
-SelectorGroup<Tag, Selector>& SelectorGroup<Tag, Selector>::operator=(SelectorGroup&&) noexcept = default;
 
 template <auto Tag, class Selector>
 SelectorGroup<Tag, Selector>::~SelectorGroup() = default;

@@ -43,10 +43,8 @@ bool Input::putBack()
 
 int Input::underflow()
 {
-    if (buffer_ == nullptr) {
-        stream_.setstate(std::ios_base::failbit);
+    if (buffer_ == nullptr)
         return end;
-    }
     const int c = guarded([this] { return buffer_->sgetc(); });
     if (c == end) {
         buffer_ = nullptr;

@@ -26,7 +26,7 @@ class GetArea : private std::streambuf {
 /// each single one, but with the same outcome for its state.
 ///
 /// What goes wrong reads as the end of input. It shows in the stream's state, and if the stream's exception mask says
-/// so, as its exception.
+/// so, as its exception: looking at the end sets eofbit, reading there failbit too, and a fault of the buffer badbit.
 class Input {
   public:
     static constexpr int end = std::char_traits<char>::eof();

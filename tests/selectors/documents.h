@@ -4,7 +4,7 @@
 /// \file
 /// Selectors and groups in the written form.
 
-#include "actions/documents.h"
+#include "support/documents.h"
 
 #include <string>
 

@@ -1,5 +1,5 @@
-#include "actions/documents.h"
-#include "actions/number_forms.h"
+#include "support/documents.h"
+#include "support/number_forms.h"
 #include "selectors/fields.h"
 #include "support/xml.h"
 

@@ -1,4 +1,4 @@
-#include "actions/number_forms.h"
+#include "support/number_forms.h"
 #include "selectors/documents.h"
 #include "selectors/fields.h"
 #include "support/xml.h"

@@ -1,0 +1,193 @@
+#include "program.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <ostream>
+#include <sstream>
+#include <stdexcept>
+#include <system_error>
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+void require(bool succeeded, const char* what)
+{
+    if (!succeeded)
+        throw std::system_error(errno, std::generic_category(), what);
+}
+
+/// A file without a name, for what the program prints.
+class Capture {
+  public:
+    Capture()
+        : file_(std::tmpfile())
+    {
+        require(file_ != nullptr, "tmpfile");
+    }
+
+    Capture(const Capture&)            = delete;
+    Capture& operator=(const Capture&) = delete;
+    ~Capture() { std::fclose(file_); }
+
+    int descriptor() const { return fileno(file_); }
+
+    std::string text() const
+    {
+        std::string text;
+        std::rewind(file_);
+        for (int c = std::fgetc(file_); c != EOF; c = std::fgetc(file_))
+            text += static_cast<char>(c);
+        return text;
+    }
+
+  private:
+    std::FILE* file_;
+};
+
+/// Gives `input` to the pipe. The program may well stop reading before its end.
+void feed(int descriptor, const std::string& input)
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    for (std::size_t done = 0; done < input.size();) {
+        const ssize_t count = write(descriptor, input.data() + done, input.size() - done);
+        if (count < 0)
+            break;
+        done += static_cast<std::size_t>(count);
+    }
+    close(descriptor);
+}
+
+[[noreturn]] void become(const std::vector<std::string>& arguments, const std::function<void()>& prepare)
+{
+    std::vector<std::string> texts = {"ipsec-policy"};
+    texts.insert(texts.end(), arguments.begin(), arguments.end());
+    std::vector<char*> pointers;
+    for (std::string& text : texts)
+        pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+
+    std::signal(SIGPIPE, SIG_DFL);
+    prepare();
+    execv(PROGRAM_PATH, pointers.data());
+    _exit(127);
+}
+
+} // namespace
+
+bool operator==(const Outcome& a, const Outcome& b)
+{
+    return a.status == b.status && a.out == b.out && a.err == b.err;
+}
+
+std::ostream& operator<<(std::ostream& out, const Outcome& outcome)
+{
+    return out << "status " << outcome.status << "\n--- standard output:\n"
+               << outcome.out << "--- standard error:\n"
+               << outcome.err << "---";
+}
+
+Outcome run(const std::vector<std::string>& arguments, const std::string& input, const std::function<void()>& prepare)
+{
+    const Capture      out;
+    const Capture      err;
+    std::array<int, 2> pipe = {};
+    require(::pipe2(pipe.data(), O_CLOEXEC) == 0, "pipe2");
+
+    const pid_t child = fork();
+    require(child >= 0, "fork");
+    if (child == 0) {
+        dup2(pipe[0], STDIN_FILENO);
+        dup2(out.descriptor(), STDOUT_FILENO);
+        dup2(err.descriptor(), STDERR_FILENO);
+        become(arguments, prepare);
+    }
+    close(pipe[0]);
+    feed(pipe[1], input);
+
+    int status = 0;
+    require(waitpid(child, &status, 0) == child, "waitpid");
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), out.text(), err.text()};
+}
+
+InFolder::InFolder()
+    : folder_((std::filesystem::temp_directory_path() / "ipsec-policy-test.XXXXXX").string())
+    , before_(std::filesystem::current_path().string())
+{
+    require(mkdtemp(folder_.data()) != nullptr, "mkdtemp");
+    std::filesystem::current_path(folder_);
+}
+
+InFolder::~InFolder()
+{
+    std::error_code ignored;
+    std::filesystem::current_path(before_, ignored);
+    std::filesystem::remove_all(folder_, ignored);
+}
+
+std::vector<std::string> InFolder::fileNames()
+{
+    std::vector<std::string> names;
+    for (const auto& file : std::filesystem::directory_iterator("."))
+        names.push_back(file.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string contentOf(const std::string& fileName)
+{
+    std::ifstream      in(fileName, std::ios::binary);
+    std::ostringstream content;
+    content << in.rdbuf();
+    if (!in || !content)
+        throw std::runtime_error("cannot read " + fileName);
+    return content.str();
+}
+
+void writeFile(const std::string& fileName, const std::string& content)
+{
+    std::ofstream out(fileName, std::ios::binary);
+    out << content << std::flush;
+    if (!out)
+        throw std::runtime_error("cannot write " + fileName);
+}
+
+std::string document(const std::string& hostGroups, const std::string& protocolGroups, const std::string& actions,
+                     const std::string& policies)
+{
+    return "<ipsec><hostGroups>" + hostGroups + "</hostGroups><protocolGroups>" + protocolGroups +
+           "</protocolGroups><actions>" + actions + "</actions><policies>" + policies + "</policies></ipsec>\n";
+}
+
+std::string entry(const std::string& tag, unsigned int id, const std::string& element)
+{
+    return "<" + tag + "Entry><id>" + std::to_string(id) + "</id>" + element + "</" + tag + "Entry>";
+}
+
+std::string group(const std::string& tag, const std::string& name, const std::string& descr,
+                  const std::string& selectors)
+{
+    return "<" + tag + "><name>" + name + "</name><builtinName>0</builtinName><descr>" + descr +
+           "</descr><builtinDescr>0</builtinDescr><selectors>" + selectors + "</selectors></" + tag + ">";
+}
+
+std::string action(const std::string& name, const std::string& descr, const std::string& mode)
+{
+    return "<action><changeCount>0</changeCount><name>" + name + "</name><builtinName>0</builtinName><descr>" + descr +
+           "</descr><builtinDescr>0</builtinDescr><type>0</type><state>0</state>" + mode + "</action>";
+}
+
+std::string policy(unsigned int hostGroup, unsigned int protocolGroup, unsigned int action)
+{
+    return "<policy><hostGroupID>" + std::to_string(hostGroup) + "</hostGroupID><protocolGroupID>" +
+           std::to_string(protocolGroup) + "</protocolGroupID><actionID>" + std::to_string(action) +
+           "</actionID></policy>";
+}

@@ -1,0 +1,32 @@
+#ifndef IPSEC_POLICY_FAILURE_H
+#define IPSEC_POLICY_FAILURE_H
+
+/// \file
+/// How the program ends, and the exception that ends it early.
+
+#include <stdexcept>
+#include <string>
+
+/// The program's exit status.
+enum class ExitStatus {
+    CLEAN    = 0, ///< done
+    DOCUMENT = 1, ///< the document does not load, or could not be loaded again once stored
+    TROUBLE  = 2  ///< wrong usage, or something could not be read or written
+};
+
+/// Ends the program with a message, whose texts from outside are already fit for a terminal.
+class Failure : public std::runtime_error {
+  public:
+    Failure(ExitStatus exitStatus, const std::string& message)
+        : std::runtime_error(message)
+        , status(exitStatus)
+    {
+    }
+
+    ExitStatus status;
+};
+
+/// The failure of a system call on a file: its name as the operator gave it, and what `error` (an errno) means.
+Failure systemFailure(const std::string& fileName, int error);
+
+#endif

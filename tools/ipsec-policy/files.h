@@ -1,0 +1,28 @@
+#ifndef IPSEC_POLICY_FILES_H
+#define IPSEC_POLICY_FILES_H
+
+/// \file
+/// Reading and writing whole files. Everything here throws a Failure that names the file.
+
+#include <string>
+#include <string_view>
+
+/// What is at the other end of `-`.
+bool isStandardStream(const std::string& fileName);
+
+/// Everything in the file, or on standard input for "-". A pipe cannot take back a character as the parser wants it,
+/// memory can.
+std::string readFile(const std::string& fileName);
+
+/// Writes all of `text` to the open file `descriptor`, which the messages call `fileName`.
+void writeAll(int descriptor, std::string_view text, const std::string& fileName);
+
+/// Writes all of `text` to standard output and closes it: some file systems report only then that they failed.
+void writeStandardOutput(std::string_view text);
+
+/// Puts `text` into the file, whole or not at all: it is written to a temporary file beside it that then takes its
+/// place, with the mode and the owner that the file had, or for its owner alone if it is new. Symbolic links are
+/// followed. What is no regular file, such as a device, is written to as it stands.
+void replaceFile(const std::string& fileName, std::string_view text);
+
+#endif

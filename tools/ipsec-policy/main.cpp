@@ -1,0 +1,138 @@
+/// \file
+/// ipsec-policy: the program that operators manage configurations with.
+///
+/// Results go to standard output, messages to standard error.
+
+#include "commands.h"
+#include "failure.h"
+#include "files.h"
+#include "text.h"
+
+#include <ipsecimpl/version.h>
+
+#include <CLI/CLI.hpp>
+
+#include <csignal>
+#include <new>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+const char PROGRAM[] = "ipsec-policy";
+
+/// A write to a closed pipe or beyond a limit is to fail like any other, and not to kill the program.
+void ignoreSignals()
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
+/// Fills the places of standard streams that are closed, lest a file that is opened later take one of them. What fills
+/// them can be used in the wrong direction only.
+void occupyStandardStreams()
+{
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (fcntl(descriptor, F_GETFD) < 0) // then it is the lowest that is free, which open() takes
+            static_cast<void>(open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY));
+}
+
+std::string indented(const std::string& text)
+{
+    std::string result = "  ";
+    for (const char c : text) {
+        result += c;
+        if (c == '\n')
+            result += "  ";
+    }
+    return result;
+}
+
+void declareLooks(CLI::App& app)
+{
+    app.get_formatter()->column_width(24);
+    app.get_formatter()->label("Positionals", "Arguments");
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND ...");
+    app.get_formatter()->label("OPTIONS", "OPTION ...");
+}
+
+std::string usageMessage(const CLI::App& app, const CLI::Error& error)
+{
+    if (!app.get_subcommands().empty())
+        return error.what();
+    const std::vector<std::string> others = app.remaining();
+    return others.empty() ? "a command is required" : "expected a command, got '" + others.front() + "'";
+}
+
+/// Runs the command that the arguments ask for. Throws a Failure, or std::bad_alloc.
+void run(int argc, const char* const* argv)
+{
+    CLI::App app("Manages IPsec security-policy configurations.", PROGRAM);
+    declareLooks(app);
+    app.set_version_flag("--version", std::string(PROGRAM) + ' ' + ipsecimpl::VERSION, "Print the version and exit");
+    app.require_subcommand(1);
+    app.footer("'ipsec-policy COMMAND --help' tells more about a command.\n\n"
+               "Exit status: 0 if all is well, 1 for a configuration that does not load,\n"
+               "2 for wrong usage and for what cannot be read or written.");
+
+    std::function<void()> chosen;
+    for (const Command* command : allCommands()) {
+        CLI::App* arguments = app.add_subcommand(command->name, command->summary + std::string("."));
+        arguments->group("Commands");
+        arguments->footer("Examples:\n" + indented(command->examples));
+        arguments->final_callback([&chosen, action = command->declare(*arguments)] { chosen = action; });
+    }
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& asked) { // for help, or for the version
+        std::ostringstream answer;
+        app.exit(asked, answer, answer);
+        writeStandardOutput(answer.str());
+        return;
+    } catch (const CLI::Error& error) {
+        throw Failure(ExitStatus::TROUBLE,
+                      printable(usageMessage(app, error)) + "\nRun with --help for more information.");
+    }
+    chosen();
+}
+
+/// Writes the message without asking for memory, so that running out of it can be reported too.
+void report(std::string_view message)
+{
+    try {
+        for (const std::string_view piece :
+             {std::string_view(PROGRAM), std::string_view(": "), message, std::string_view("\n")})
+            writeAll(STDERR_FILENO, piece, {});
+    } catch (const std::exception&) {
+        // There is nowhere left to tell.
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    occupyStandardStreams();
+    ignoreSignals();
+    try {
+        run(argc, argv);
+        return static_cast<int>(ExitStatus::CLEAN);
+    } catch (const Failure& failure) {
+        report(failure.what());
+        return static_cast<int>(failure.status);
+    } catch (const std::bad_alloc&) {
+        report("out of memory");
+    } catch (const std::length_error&) {
+        report("out of memory"); // more than could ever be there
+    } catch (const std::exception& error) {
+        report(error.what());
+    }
+    return static_cast<int>(ExitStatus::TROUBLE);
+}

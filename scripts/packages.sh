@@ -27,3 +27,5 @@ need_packages()
 # What a build of everything needs.
 build_packages=(cmake g++ ninja-build libcli11-dev)
 test_packages=("${build_packages[@]}" libgmock-dev libgtest-dev libxml2-utils pkg-config)
+bench_packages=("${build_packages[@]}" binutils g++-arm-linux-gnueabihf libbenchmark-dev libexpat1-dev libpugixml-dev
+    libtinyxml2-dev libxml2-dev valgrind)

@@ -123,6 +123,8 @@ class IPSECIMPL_API XMLParser {
     std::string expand_entity(const std::string& entity);
 
   private:
+    friend class ElementAccess; // the library's own readers
+
     std::string       innermost() const; // the name of the innermost open element, empty if none is open
     [[noreturn]] void fail(const std::string& message) const;
 

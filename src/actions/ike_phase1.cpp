@@ -1,6 +1,7 @@
 #include <ipsecimpl/actions.h>
 
 #include "enum/read_enum.h"
+#include "enum/write_enum.h"
 #include "xml/element.h"
 
 #include <stdexcept>
@@ -87,7 +88,7 @@ const IKEPhase1Proposal& IKEPhase1::proposalSet(const IKEPhase1Proposal& proposa
 IKEPhase1 IKEPhase1::importXML(XMLParser& parser)
 {
     IKEPhase1 phase1(IKE_AUTH_PSK, "", "", "", IKEPhase1Proposal({}, DH_GROUP_NONE, 28800, KEYLIFETIME_SECS));
-    parser.parse_simple_tag("ikePhase1");
+    openElement(parser, "ikePhase1");
     phase1.authType_ = readEnum<IKEAuthType>(parser, "authType", "invalid value", "<auth> in <ikePhase1>");
     if (phase1.authType_ == IKE_AUTH_PSK) {
         phase1.presharedKey_ = readText(parser, "presharedKey");

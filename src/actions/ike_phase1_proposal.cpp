@@ -1,6 +1,7 @@
 #include <ipsecimpl/actions.h>
 
 #include "enum/read_enum.h"
+#include "enum/write_enum.h"
 #include "xml/element.h"
 
 namespace ipsecimpl {
@@ -27,7 +28,7 @@ IKEPhase1Proposal& IKEPhase1Proposal::operator=(IKEPhase1Proposal other) noexcep
 IKEPhase1Proposal IKEPhase1Proposal::importXML(XMLParser& parser)
 {
     IKEPhase1Proposal proposal({}, DH_GROUP_NONE, 28800, KEYLIFETIME_SECS);
-    parser.parse_simple_tag("proposal");
+    openElement(parser, "proposal");
     proposal.dhGroup = readEnum<DHGroup>(parser, "dhGroup", "invalid value", "<dhGroup> in <ikePhase1Proposal>");
     proposal.keyLifetime      = readUnsigned(parser, "keyLifetime");
     proposal.keyLifetimeUnits = readEnum<KeyLifetimeUnits>(parser, "keyLifetimeUnits", "invalid value",

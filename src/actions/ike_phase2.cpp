@@ -1,6 +1,7 @@
 #include <ipsecimpl/actions.h>
 
 #include "enum/read_enum.h"
+#include "enum/write_enum.h"
 #include "xml/element.h"
 
 namespace ipsecimpl {
@@ -26,7 +27,7 @@ IKEPhase2& IKEPhase2::operator=(IKEPhase2 other) noexcept
 IKEPhase2 IKEPhase2::importXML(XMLParser& parser)
 {
     IKEPhase2 phase2({}, DH_GROUP_NONE, 28800, KEYLIFETIME_SECS);
-    parser.parse_simple_tag("ikePhase2");
+    openElement(parser, "ikePhase2");
     phase2.dhGroup          = readEnum<DHGroup>(parser, "dhGroup", "invalid value", "<dhGroup> in <ikePhase2>");
     phase2.keyLifetime      = readUnsigned(parser, "keyLifetime");
     phase2.keyLifetimeUnits = readEnum<KeyLifetimeUnits>(parser, "keyLifetimeUnits", "invalid value",

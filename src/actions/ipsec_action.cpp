@@ -1,6 +1,7 @@
 #include <ipsecimpl/actions.h>
 
 #include "enum/read_enum.h"
+#include "enum/write_enum.h"
 #include "xml/element.h"
 
 #include <utility>
@@ -181,7 +182,7 @@ const IKEPhase2& IPsecAction::ikePhase2Set(const IKEPhase2& ikePhase2)
 IPsecAction IPsecAction::importXML(XMLParser& parser)
 {
     IPsecAction action;
-    parser.parse_simple_tag("action");
+    openElement(parser, "action");
     action.changeCount_  = readInt(parser, "changeCount");
     action.name_         = readText(parser, "name");
     action.builtinName_  = readInt(parser, "builtinName");

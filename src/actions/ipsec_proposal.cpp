@@ -1,6 +1,7 @@
 #include <ipsecimpl/actions.h>
 
 #include "enum/read_enum.h"
+#include "enum/write_enum.h"
 #include "xml/element.h"
 
 namespace ipsecimpl {
@@ -15,7 +16,7 @@ IPsecProposal::IPsecProposal(const IPsecProtocol& proto, unsigned long encryptio
 IPsecProposal IPsecProposal::importXML(XMLParser& parser)
 {
     IPsecProposal proposal(IPSEC_NONE, 0, 0);
-    parser.parse_simple_tag("saProposal");
+    openElement(parser, "saProposal");
     proposal.protocol   = readEnum<IPsecProtocol>(parser, "protocol", "invalid value", "<protocol> in <saProposal>");
     proposal.encryption = readUnsigned(parser, "encryption");
     proposal.hash       = readUnsigned(parser, "hash");

@@ -40,7 +40,7 @@ MKM& MKM::operator=(MKM other) noexcept
 MKM MKM::importXML(XMLParser& parser)
 {
     MKM key;
-    parser.parse_simple_tag("manualKey");
+    openElement(parser, "manualKey");
     key.saProposal = IPsecProposal::importXML(parser);
     if (hasESP(key.saProposal)) {
         key.inboundESPSPI   = readUnsigned(parser, "inboundESPSPI");

@@ -107,19 +107,21 @@ IndexedCollection<T, pluralTag, singularTag>
 IndexedCollection<T, pluralTag, singularTag>::importXML(XMLParser& parser)
 {
     const std::string singular = *singularTag;
-    const std::string entryTag = singular + "Entry";
     const std::string nextTag  = "next" + singular;
+    RepeatedElement   entry(singular + "Entry");
 
     IndexedCollection collection;
-    if (parser.parse_simple_tag(*pluralTag) != PARSE_CONTENT)
+    if (openElement(parser, *pluralTag) != PARSE_CONTENT)
         return collection;
 
-    std::string tag;
-    while (parser.parse_tag(tag)) {
-        if (tag == entryTag) {
-            if (parser.parse_tag_end() != PARSE_CONTENT)
+    for (std::string tag;;) {
+        const bool isOpen = entry.open(parser);
+        if (!isOpen && !parser.parse_tag(tag))
+            break;
+        if (isOpen || tag == entry.name()) {
+            if (!isOpen && parser.parse_tag_end() != PARSE_CONTENT)
                 throw ParseError(singular + " missing required data");
-            const int number = strtol32(readText(parser, "id"), 10);
+            const int number = strtol32(Leaf(parser, "id").text(), 10);
             if (number < 1)
                 throw ParseError("invalid ID for " + singular);
             const auto id     = static_cast<unsigned int>(number);
@@ -128,7 +130,7 @@ IndexedCollection<T, pluralTag, singularTag>::importXML(XMLParser& parser)
             if (collection.entries_.size() == before)
                 throw ParseError("duplicate ID");
             collection.nextID_ = std::max(collection.nextID_, id + 1);
-            parser.parse_end_tag();
+            entry.close(parser);
         } else if (tag == nextTag) {
             // The messages differ on purpose: a self-closed tag names the element, an empty one itself.
             if (parser.parse_tag_end() != PARSE_CONTENT)

@@ -34,7 +34,7 @@ IPsecConfig::~IPsecConfig() = default;
 IPsecConfig IPsecConfig::importXML(XMLParser& parser)
 {
     IPsecConfig config;
-    parser.parse_simple_tag("ipsec");
+    openElement(parser, "ipsec");
     config.hostGroups     = HostGroups::importXML(parser);
     config.protocolGroups = ProtocolGroups::importXML(parser);
     config.actions        = Actions::importXML(parser);

@@ -14,7 +14,7 @@ Policy::Policy(unsigned int hostGroup, unsigned int protocolGroup, unsigned int 
 Policy Policy::importXML(XMLParser& parser)
 {
     Policy policy(0, 0, 0);
-    parser.parse_simple_tag("policy");
+    openElement(parser, "policy");
     policy.hostGroupID     = readUnsigned(parser, "hostGroupID");
     policy.protocolGroupID = readUnsigned(parser, "protocolGroupID");
     policy.actionID        = readUnsigned(parser, "actionID");

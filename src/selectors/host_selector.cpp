@@ -1,5 +1,7 @@
 #include <ipsecimpl/selectors.h>
 
+#include "enum/read_enum.h"
+#include "enum/write_enum.h"
 #include "selectors/order.h"
 #include "xml/element.h"
 
@@ -133,10 +135,10 @@ bool HostSelector::operator==(const HostSelector& other) const
 HostSelector HostSelector::importXML(XMLParser& parser)
 {
     HostSelector selector;
-    parser.parse_simple_tag("hostSelector");
+    openElement(parser, "hostSelector");
     // An unknown word leaves here as std::invalid_argument: the group's reader has the message for it.
-    selector.family       = AddressFamily(AddressFamily::to_int(readText(parser, "family")));
-    selector.selectorType = AddressType(AddressType::to_int(readText(parser, "selectorType")));
+    selector.family       = readEnum<AddressFamily>(parser, "family");
+    selector.selectorType = readEnum<AddressType>(parser, "selectorType");
     try {
         if (selector.selectorType == HOST_SINGLE) {
             selector.addr1  = readText(parser, "addr1");

@@ -1,10 +1,13 @@
 #include <ipsecimpl/selectors.h>
 
+#include "enum/read_enum.h"
+#include "enum/write_enum.h"
 #include "selectors/order.h"
 #include "xml/element.h"
 #include "xml/number.h"
 
 #include <optional>
+#include <string_view>
 #include <utility>
 
 namespace ipsecimpl {
@@ -29,37 +32,64 @@ int wildcardLast(unsigned short a, unsigned short b)
     return order(a == 0, b == 0);
 }
 
-/// Reads what is left of the child element `tag` once its name has been read.
-std::string readChild(XMLParser& parser, const std::string& tag)
-{
-    if (parser.parse_tag_end() != PARSE_CONTENT)
-        throw ParseError("invalid attributes or closing tag in <" + tag + ">");
-    std::string text;
-    if (!parser.parse_data(text))
-        throw ParseError("missing data for <" + tag + ">");
-    parser.parse_end_tag();
-    return text;
-}
+/// The children, one after the other. The messages call them attributes.
+class Children {
+  public:
+    explicit Children(XMLParser& parser)
+        : element_(parser, "protocolSelector")
+    {
+    }
+
+    /// Reads the next one, or the end of the element; then there is none.
+    bool next()
+    {
+        if (element_.takeLeaf(tag, text))
+            return true;
+        if (element_.takeEnd())
+            return false;
+
+        XMLParser& parser = element_.parser();
+        if (!parser.parse_tag(ownTag_)) {
+            parser.parse_end_tag();
+            return false;
+        }
+        if (parser.parse_tag_end() != PARSE_CONTENT)
+            throw ParseError("invalid attributes or closing tag in <" + ownTag_ + ">");
+        if (!parser.parse_data(ownText_))
+            throw ParseError("missing data for <" + ownTag_ + ">");
+        parser.parse_end_tag();
+        tag  = ownTag_;
+        text = ownText_;
+        return true;
+    }
+
+    std::string_view tag;
+    std::string_view text;
+
+  private:
+    FlatElement element_;
+    std::string ownTag_;
+    std::string ownText_;
+};
 
 /// The number as 32 bits hold it, of which the low 16 are kept.
-unsigned short toNumber(const std::string& text)
+unsigned short toNumber(std::string_view text)
 {
     return static_cast<unsigned short>(static_cast<unsigned int>(strtol32(text, 10)) & 0xFFFFU);
 }
 
-bool toMirrored(const std::string& text)
+bool toMirrored(std::string_view text)
 {
     if (text != "MIRRORED" && text != "NOTMIRRORED")
         throw ParseError("required attribute 'mirrored' must be MIRRORED or NOTMIRRORED");
     return text == "MIRRORED";
 }
 
-/// The messages call the children attributes.
 template <class Value>
-void requireOnce(const std::optional<Value>& child, const std::string& tag)
+void requireOnce(const std::optional<Value>& child, std::string_view tag)
 {
     if (child)
-        throw ParseError("attribute '" + tag + "' can only appear once");
+        throw ParseError("attribute '" + std::string(tag) + "' can only appear once");
 }
 
 } // namespace
@@ -131,16 +161,15 @@ ProtocolSelector ProtocolSelector::importXML(XMLParser& parser)
     std::optional<Direction>      direction;
     std::optional<bool>           mirrored;
 
-    parser.parse_simple_tag("protocolSelector");
-    std::string tag;
-    while (parser.parse_tag(tag)) {
-        std::string text = readChild(parser, tag);
+    for (Children children(parser); children.next();) {
+        const std::string_view tag  = children.tag;
+        const std::string_view text = children.text;
         if (tag == "protocol") {
             requireOnce(protocol, tag);
             protocol = toNumber(text);
         } else if (tag == "name") {
             requireOnce(name, tag);
-            name = std::move(text);
+            name.emplace(text);
         } else if (tag == "dstPort") {
             requireOnce(dstPort, tag);
             dstPort = toNumber(text);
@@ -150,15 +179,14 @@ ProtocolSelector ProtocolSelector::importXML(XMLParser& parser)
         } else if (tag == "direction") {
             requireOnce(direction, tag);
             // An unknown word leaves here as std::invalid_argument: the group's reader has the message for it.
-            direction = Direction(Direction::to_int(text));
+            direction = Direction(Direction::to_int(std::string(text)));
         } else if (tag == "mirrored") {
             requireOnce(mirrored, tag);
             mirrored = toMirrored(text);
         } else {
-            throw ParseError("unknown attribute: '" + tag + "'");
+            throw ParseError("unknown attribute: '" + std::string(tag) + "'");
         }
     }
-    parser.parse_end_tag();
 
     if (!protocol)
         throw ParseError("attribute 'protocol' is required");

@@ -45,13 +45,13 @@ template <auto Tag, class Selector>
 SelectorGroup<Tag, Selector> SelectorGroup<Tag, Selector>::importXML(XMLParser& parser)
 try {
     SelectorGroup group;
-    if (parser.parse_simple_tag(*Tag) != PARSE_CONTENT)
+    if (openElement(parser, *Tag) != PARSE_CONTENT)
         throw ParseError(std::string(*Tag) + " missing required data");
     group.name         = readText(parser, "name");
     group.builtinName  = readInt(parser, "builtinName");
     group.descr        = readText(parser, "descr");
     group.builtinDescr = readInt(parser, "builtinDescr");
-    if (parser.parse_simple_tag("selectors") == PARSE_CONTENT) {
+    if (openElement(parser, "selectors") == PARSE_CONTENT) {
         while (parser.parse_body() == PARSE_CHILD)
             group.selectors.insert(group.selectors.end(), Selector::importXML(parser));
         parser.parse_end_tag();

@@ -14,6 +14,12 @@ constexpr bool isDigit(int c) { return c >= '0' && c <= '9'; }
 
 constexpr bool isAlnum(int c) { return isDigit(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
+/// A character of names.
+constexpr bool isNameChar(int c) { return isAlnum(c) || c == '.' || c == '-' || c == '_' || c == ':'; }
+
+/// What the names of tags and attributes are read from: `&` is let through on purpose, though it is no name character.
+constexpr bool isTagChar(int c) { return isNameChar(c) || c == '&'; }
+
 /// A byte as the parser handles it: 0 to 255, so that none is taken for end of file.
 constexpr int toByte(char c) { return std::char_traits<char>::to_int_type(c); }
 

@@ -1,32 +1,151 @@
 #include "xml/element.h"
 
+#include "xml/input.h"
 #include "xml/number.h"
+#include "xml/written_form.h"
+
+#include <utility>
 
 namespace ipsecimpl {
 
-std::ostream& openTag(std::ostream& out, std::string_view name)
+/// The parser's insides, for the readers here alone.
+class ElementAccess {
+  public:
+    static std::istream&            stream(XMLParser& parser) { return parser.in_; }
+    static std::stack<std::string>& tags(XMLParser& parser) { return parser.tags_; }
+};
+
+namespace {
+
+/// Reads `<name>` if that comes next; else nothing.
+bool takeStartTag(XMLParser& parser, std::string_view name)
 {
-    return out << '<' << name << '>' << std::endl;
+    Input      in(ElementAccess::stream(parser));
+    const Rest rest = matchStartTag(in.atHand(), name);
+    if (rest != nullptr)
+        in.consume(rest);
+    return rest != nullptr;
 }
 
-std::ostream& closeTag(std::ostream& out, std::string_view name)
+/// Reads `</name>` if that comes next; else nothing.
+bool takeEndTag(XMLParser& parser, std::string_view name)
 {
-    return out << "</" << name << '>' << std::endl;
+    Input      in(ElementAccess::stream(parser));
+    const Rest rest = matchEndTag(in.atHand(), name);
+    if (rest != nullptr)
+        in.consume(rest);
+    return rest != nullptr;
 }
 
-std::string readText(XMLParser& parser, const char* name)
+} // namespace
+
+int openElement(XMLParser& parser, std::string_view name)
 {
-    return parser.parse_tagged_value(name);
+    if (!takeStartTag(parser, name))
+        return parser.parse_simple_tag(std::string(name));
+    ElementAccess::tags(parser).emplace(name);
+    return PARSE_CONTENT;
 }
 
-int readInt(XMLParser& parser, const char* name)
+Leaf::Leaf(XMLParser& parser, std::string_view name)
 {
-    return strtol32(readText(parser, name), 0);
+    Input           in(ElementAccess::stream(parser));
+    const LeafMatch leaf = matchLeaf(in.atHand(), name);
+    if (leaf.rest != nullptr) {
+        in.consume(leaf.rest);
+        text_ = leaf.text;
+    } else {
+        own_  = parser.parse_tagged_value(std::string(name));
+        text_ = own_;
+    }
 }
 
-unsigned int readUnsigned(XMLParser& parser, const char* name)
+std::string readText(XMLParser& parser, std::string_view name)
 {
-    return strtoul32(readText(parser, name), 0);
+    return std::string(Leaf(parser, name).text());
+}
+
+int readInt(XMLParser& parser, std::string_view name)
+{
+    return strtol32(Leaf(parser, name).text(), 0);
+}
+
+unsigned int readUnsigned(XMLParser& parser, std::string_view name)
+{
+    return strtoul32(Leaf(parser, name).text(), 0);
+}
+
+RepeatedElement::RepeatedElement(std::string name)
+    : name_(std::move(name))
+{
+}
+
+bool RepeatedElement::open(XMLParser& parser)
+{
+    if (!takeStartTag(parser, name_))
+        return false;
+    ElementAccess::tags(parser).push(std::move(name_));
+    return true;
+}
+
+void RepeatedElement::close(XMLParser& parser)
+{
+    std::stack<std::string>& tags = ElementAccess::tags(parser);
+    if (!takeEndTag(parser, tags.top())) {
+        name_ = tags.top();
+        parser.parse_end_tag();
+        return;
+    }
+    name_ = std::move(tags.top());
+    tags.pop();
+}
+
+FlatElement::FlatElement(XMLParser& parser, std::string_view name)
+    : parser_(parser)
+{
+    if (takeStartTag(parser, name))
+        untold_ = name;
+    else
+        parser.parse_simple_tag(std::string(name));
+}
+
+FlatElement::~FlatElement()
+{
+    // An exception is on its way. If there is no memory to tell the parser, nobody can have asked for more.
+    try {
+        this->parser();
+    } catch (const std::bad_alloc&) {
+    }
+}
+
+bool FlatElement::takeLeaf(std::string_view& name, std::string_view& text)
+{
+    Input                  in(ElementAccess::stream(parser_));
+    const std::string_view ahead = in.atHand();
+    name                         = matchName(ahead);
+    if (name.empty())
+        return false;
+    const LeafMatch leaf = matchLeaf(ahead, name);
+    if (leaf.rest == nullptr || leaf.text.empty())
+        return false;
+    in.consume(leaf.rest);
+    text = leaf.text;
+    return true;
+}
+
+bool FlatElement::takeEnd()
+{
+    if (untold_.empty() || !takeEndTag(parser_, untold_))
+        return false;
+    untold_ = {};
+    return true;
+}
+
+XMLParser& FlatElement::parser()
+{
+    if (!untold_.empty())
+        ElementAccess::tags(parser_).emplace(std::exchange(untold_, {}));
+    return parser_;
 }
 
 } // namespace ipsecimpl

@@ -1,31 +1,25 @@
 #include "xml/input.h"
 
-#include <cstddef>
-#include <limits>
-
 #ifdef __GLIBCXX__
 #include <cxxabi.h>
 #endif
 
 namespace ipsecimpl {
 
-void GetArea::consume(std::streambuf& buffer, const char* to)
+void GetArea::consumeMuch(std::streambuf& buffer, std::ptrdiff_t size)
 {
-    constexpr std::ptrdiff_t most = std::numeric_limits<int>::max(); // gbump() takes an int
-    std::ptrdiff_t           n    = to - begin(buffer);
-    for (; n > most; n -= most)
-        (buffer.*&GetArea::gbump)(std::numeric_limits<int>::max());
-    (buffer.*&GetArea::gbump)(static_cast<int>(n));
+    constexpr int most = std::numeric_limits<int>::max();
+    for (; size > most; size -= most)
+        (buffer.*&GetArea::gbump)(most);
+    (buffer.*&GetArea::gbump)(static_cast<int>(size));
 }
 
-Input::Input(std::istream& stream)
-    : stream_(stream)
-    , buffer_(nullptr)
+void Input::prepare()
 {
     // The sentry is what the stream's own functions begin with: it flushes a tied stream, and a stream that is not good
     // gets its failbit.
-    if (std::istream::sentry(stream, true))
-        buffer_ = stream.rdbuf();
+    if (!std::istream::sentry(stream_, true))
+        buffer_ = nullptr;
 }
 
 bool Input::putBack()

@@ -3,9 +3,12 @@
 
 #include "xml/character.h"
 
+#include <cstddef>
 #include <istream>
+#include <limits>
 #include <streambuf>
 #include <string>
+#include <string_view>
 
 namespace ipsecimpl {
 
@@ -19,7 +22,17 @@ class GetArea : private std::streambuf {
     static const char* end(const std::streambuf& buffer) { return (buffer.*&GetArea::egptr)(); }
 
     /// Consumes what stands before `to`, a place between begin() and end().
-    static void consume(std::streambuf& buffer, const char* to);
+    static void consume(std::streambuf& buffer, const char* to)
+    {
+        const std::ptrdiff_t size = to - begin(buffer);
+        if (size <= std::numeric_limits<int>::max())
+            (buffer.*&GetArea::gbump)(static_cast<int>(size));
+        else
+            consumeMuch(buffer, size);
+    }
+
+  private:
+    static void consumeMuch(std::streambuf& buffer, std::ptrdiff_t size); // gbump() takes no more than an int
 };
 
 /// The input of one parser operation: the stream's characters, read past the stream's own functions, which do much for
@@ -31,7 +44,28 @@ class Input {
   public:
     static constexpr int end = std::char_traits<char>::eof();
 
-    explicit Input(std::istream& stream);
+    explicit Input(std::istream& stream)
+        : stream_(stream)
+        , buffer_(stream.rdbuf())
+    {
+        if (!stream.good() || stream.tie() != nullptr)
+            prepare();
+    }
+
+    /// What the buffer holds ready, from the first character on that is not white space. Nothing is consumed.
+    std::string_view atHand() const
+    {
+        if (buffer_ == nullptr)
+            return {};
+        const char*       from = GetArea::begin(*buffer_);
+        const char* const to   = GetArea::end(*buffer_);
+        while (from != to && isSpace(toByte(*from)))
+            ++from;
+        return {from, static_cast<std::size_t>(to - from)};
+    }
+
+    /// Consumes what stands before `rest`, a place in atHand() or its end.
+    void consume(const char* rest) { GetArea::consume(*buffer_, rest); }
 
     /// The next character, which stays in the stream, or `end`.
     int peek()
@@ -78,8 +112,9 @@ class Input {
     template <class Predicate, class Take>
     void forEach(Predicate wanted, Take take);
 
-    int underflow();
-    int uflow();
+    void prepare();
+    int  underflow();
+    int  uflow();
 
     /// Runs one of the buffer's functions. Whatever it throws makes the stream bad, and is thrown on if the stream's
     /// exception mask asks for that.

@@ -3,6 +3,7 @@
 #include "xml/character.h"
 #include "xml/input.h"
 #include "xml/number.h"
+#include "xml/written_form.h"
 
 #include <cstddef>
 
@@ -15,16 +16,10 @@ std::string quoted(int c)
     return "'" + std::string(1, std::char_traits<char>::to_char_type(c)) + "'";
 }
 
-bool isNameChar(int c)
-{
-    return isAlnum(c) || c == '.' || c == '-' || c == '_' || c == ':';
-}
-
-/// Reads a name. Within names `&` is let through on purpose, though it is no name character.
 bool readName(Input& in, std::string& name)
 {
     name.clear();
-    in.appendUntil(name, [](int c) { return !isNameChar(c) && c != '&'; });
+    in.appendUntil(name, [](int c) { return !isTagChar(c); });
     return !name.empty();
 }
 
@@ -135,6 +130,8 @@ int XMLParser::parse_body()
         fail("parse_body: unmatched name '" + innermost() + "'");
     if (c != '<')
         return PARSE_DATA;
+    if (const std::string_view ahead = in.atHand(); ahead.size() >= 2)
+        return ahead[1] == '/' ? PARSE_END : PARSE_CHILD;
     in.get();
     const bool isEnd = in.peek() == '/';
     if (!in.putBack())
@@ -157,6 +154,13 @@ bool XMLParser::parse_data(std::string& data)
 void XMLParser::parse_end_tag()
 {
     Input in(in_);
+    if (!tags_.empty()) {
+        if (const Rest rest = matchEndTag(in.atHand(), tags_.top())) {
+            in.consume(rest);
+            tags_.pop();
+            return;
+        }
+    }
     in.skipSpace();
     if (const int c = in.get(); c != '<')
         fail("parse_end_tag: expected '<', got " + quoted(c));

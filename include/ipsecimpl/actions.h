@@ -57,7 +57,8 @@ class IPSECIMPL_API IKEPhase2 {
 
     IKEPhase2(const IKEPhase2&)     = default;
     IKEPhase2(IKEPhase2&&) noexcept = default;
-    IKEPhase2& operator=(IKEPhase2 other) noexcept; ///< if copying throws, the target is as it was
+    IKEPhase2& operator=(const IKEPhase2& other); ///< if it throws, the target is as it was
+    IKEPhase2& operator=(IKEPhase2&& other) noexcept;
     ~IKEPhase2() = default;
 
     /// Reads one <ikePhase2> element. Throws ParseError; then there is no phase 2.
@@ -82,7 +83,8 @@ class IPSECIMPL_API IKEPhase1Proposal {
 
     IKEPhase1Proposal(const IKEPhase1Proposal&)     = default;
     IKEPhase1Proposal(IKEPhase1Proposal&&) noexcept = default;
-    IKEPhase1Proposal& operator=(IKEPhase1Proposal other) noexcept; ///< if copying throws, the target is as it was
+    IKEPhase1Proposal& operator=(const IKEPhase1Proposal& other); ///< if it throws, the target is as it was
+    IKEPhase1Proposal& operator=(IKEPhase1Proposal&& other) noexcept;
     ~IKEPhase1Proposal() = default;
 
     /// Reads one <proposal> element. Throws ParseError; then there is no proposal.
@@ -115,7 +117,8 @@ class IPSECIMPL_API IKEPhase1 {
 
     IKEPhase1(const IKEPhase1&)     = default;
     IKEPhase1(IKEPhase1&&) noexcept = default;
-    IKEPhase1& operator=(IKEPhase1 other) noexcept; ///< if copying throws, the target is as it was
+    IKEPhase1& operator=(const IKEPhase1& other); ///< if it throws, the target is as it was
+    IKEPhase1& operator=(IKEPhase1&& other) noexcept;
     ~IKEPhase1() = default;
 
     const IKEAuthType& authTypeGet() const { return authType_; }
@@ -163,7 +166,8 @@ class IPSECIMPL_API MKM {
 
     MKM(const MKM&)     = default;
     MKM(MKM&&) noexcept = default;
-    MKM& operator=(MKM other) noexcept; ///< if copying throws, the target is as it was
+    MKM& operator=(const MKM& other); ///< if it throws, the target is as it was
+    MKM& operator=(MKM&& other) noexcept;
     ~MKM() = default;
 
     /// Reads one <manualKey> element. Throws ParseError; then there is no key.
@@ -208,7 +212,8 @@ class IPSECIMPL_API IPsecAction {
 
     IPsecAction(const IPsecAction& other);                ///< `type` and `state` start at 0
     IPsecAction(IPsecAction&& other) noexcept;            ///< carries `type` and `state`
-    IPsecAction& operator=(IPsecAction other) noexcept;   ///< `type` and `state` stay; if copying throws, all of it does
+    IPsecAction& operator=(const IPsecAction& other);     ///< `type` and `state` stay; if it throws, all of it does
+    IPsecAction& operator=(IPsecAction&& other) noexcept; ///< `type` and `state` stay
     ~IPsecAction();
 
     const SPDAction& spdActionGet() const { return spdAction_; }
@@ -228,9 +233,9 @@ class IPSECIMPL_API IPsecAction {
     /// The library keeps them and gives them no meaning. Setting them is no change and is allowed at all times.
     /// @{
     int typeGet() const { return type_; }
-    int typeSet(int type) { return type_ = type; }
+    const int& typeSet(int type) { return type_ = type; }
     int stateGet() const { return state_; }
-    int stateSet(int state) { return state_ = state; }
+    const int& stateSet(int state) { return state_ = state; }
     /// @}
 
     /// The number of the built-in name, or of the built-in description, is greater than 0. Such an action refuses

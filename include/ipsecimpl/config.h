@@ -52,7 +52,8 @@ class IPSECIMPL_API IndexedCollection {
 
     IndexedCollection(const IndexedCollection& other);
     IndexedCollection(IndexedCollection&& other) noexcept; ///< `other` is empty afterwards, its next ID is 1
-    IndexedCollection& operator=(IndexedCollection other) noexcept; ///< if copying throws, the target is as it was
+    IndexedCollection& operator=(const IndexedCollection& other); ///< if it throws, the target is as it was
+    IndexedCollection& operator=(IndexedCollection&& other) noexcept; ///< `other` is empty afterwards, its next ID is 1
     ~IndexedCollection();
 
     /// Stores a copy of `element` under the next ID, which it returns.
@@ -127,7 +128,8 @@ class IPSECIMPL_API IPsecConfig {
 
     IPsecConfig(const IPsecConfig& other);                ///< the actions' `type` and `state` start at 0
     IPsecConfig(IPsecConfig&& other) noexcept;            ///< `other` is empty afterwards
-    IPsecConfig& operator=(IPsecConfig other) noexcept;   ///< if copying throws, the target is as it was
+    IPsecConfig& operator=(const IPsecConfig& other);     ///< if it throws, the target is as it was
+    IPsecConfig& operator=(IPsecConfig&& other) noexcept; ///< `other` is empty afterwards
     ~IPsecConfig();
 
     /// Reads one <ipsec> element; what follows it stays in the stream.
@@ -139,8 +141,8 @@ class IPSECIMPL_API IPsecConfig {
     /// Writes the <ipsec> element and returns `out`.
     ///
     /// Each line is flushed. Nothing is escaped: a text with `<` in it, or with white space at its ends, does not come
-    /// back. Errors show in the state of `out` alone, running out of memory included: test it. Not const, for
-    /// historical reasons; it changes nothing.
+    /// back. Nothing is thrown unless the exception mask of `out` asks for it: errors show in its state, running out of
+    /// memory included, so test it. Not const, for historical reasons; it changes nothing.
     std::ostream& exportXML(std::ostream& out);
 
     HostGroups     hostGroups;     ///< who the peers are

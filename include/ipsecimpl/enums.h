@@ -163,7 +163,8 @@ extern IPSECIMPL_API const IKEAuthType IKE_AUTH_RSA; ///< "RSA"
 inline constexpr IPSECIMPL_API int __IKEPhase1TransformNum__ = 7;
 extern IPSECIMPL_API const char* const __IKEPhase1TransformNames__[__IKEPhase1TransformNum__];
 using IKEPhase1Transform = Enum<__IKEPhase1TransformNum__, &__IKEPhase1TransformNames__>;
-extern template IPSECIMPL_API int Enum<__IKEPhase1TransformNum__, &__IKEPhase1TransformNames__>::to_int(const std::string&);
+extern template IPSECIMPL_API int
+Enum<__IKEPhase1TransformNum__, &__IKEPhase1TransformNames__>::to_int(const std::string&);
 extern IPSECIMPL_API const IKEPhase1Transform IKE_NONE;        ///< "IKE_NONE"
 extern IPSECIMPL_API const IKEPhase1Transform IKE_AESCBC_SHA1; ///< "IKE_AES_SHA"
 extern IPSECIMPL_API const IKEPhase1Transform IKE_AESCBC_MD5;  ///< "IKE_AES_MD5"

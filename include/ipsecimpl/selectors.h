@@ -152,7 +152,8 @@ class IPSECIMPL_API SelectorGroup {
 
     SelectorGroup(const SelectorGroup& other);
     SelectorGroup(SelectorGroup&& other) noexcept;
-    SelectorGroup& operator=(SelectorGroup other) noexcept; ///< if copying throws, the target is as it was
+    SelectorGroup& operator=(const SelectorGroup& other); ///< if it throws, the target is as it was
+    SelectorGroup& operator=(SelectorGroup&& other) noexcept;
     ~SelectorGroup();
 
     /// Reads one group element. Throws ParseError, also for a selector's unknown word ("bad value: to_int").

@@ -48,13 +48,13 @@ inline constexpr int PARSE_DATA    = 6; ///< character data is next
 /// comments, DOCTYPE and CDATA are refused ("parse_tag: unnamed tag"), and no entity is expanded while reading.
 ///
 /// The parser remembers the names of the open elements and nothing else. It holds no look-ahead: what an operation
-/// did not ask for is still in the stream, so the next document may follow at once. It needs the stream to take back
-/// one character (as `unget()` does) when parse_tag() or parse_body() meets an end tag.
+/// did not ask for is still in the stream, so the next document may follow at once. parse_tag() and parse_body() may
+/// need the stream to take back one character, as `unget()` does.
 ///
-/// Every failure is a ParseError with the open elements as context. That includes a stream that is at its end, had
-/// failed before the call, cannot take a character back, or whose buffer throws, unless the stream's own exception
-/// mask demands another exception. After an exception neither parser nor stream is rolled back; do not go on with
-/// either.
+/// Every failure is a ParseError with the open elements as context. A stream that fails, had failed before the call, or
+/// whose buffer throws is a stream at its end: parse_name() and parse_attr() find no name there, all else throws. The
+/// stream's state is that of its own functions; if its exception mask demands another exception, that is thrown. After
+/// an exception neither parser nor stream is rolled back; do not go on with either.
 ///
 /// White space is blank, \\t, \\n, \\v, \\f and \\r; letters and digits are those of ASCII. Neither depends on a
 /// locale. To "skip white space" is to consume any number of such characters.

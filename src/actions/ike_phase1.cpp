@@ -1,5 +1,7 @@
 #include <ipsecimpl/actions.h>
 
+#include "actions/defaults.h"
+#include "actions/require.h"
 #include "enum/read_enum.h"
 #include "enum/write_enum.h"
 #include "xml/element.h"
@@ -8,16 +10,6 @@
 #include <utility>
 
 namespace ipsecimpl {
-namespace {
-
-void require(bool allowed, const char* message)
-{
-    if (!allowed)
-        throw std::invalid_argument(message);
-}
-
-} // namespace
-
 IKEPhase1::IKEPhase1(const IKEAuthType& authType, const std::string& localCert, const std::string& peerTrust,
                      const std::string& presharedKey, const IKEPhase1Proposal& proposal)
     : authType_(authType)
@@ -28,7 +20,14 @@ IKEPhase1::IKEPhase1(const IKEAuthType& authType, const std::string& localCert, 
 {
 }
 
-IKEPhase1& IKEPhase1::operator=(IKEPhase1 other) noexcept
+IKEPhase1& IKEPhase1::operator=(const IKEPhase1& other)
+{
+    if (this != &other)
+        *this = IKEPhase1(other);
+    return *this;
+}
+
+IKEPhase1& IKEPhase1::operator=(IKEPhase1&& other) noexcept
 {
     authType_ = other.authType_;
     localCert_.swap(other.localCert_);
@@ -45,37 +44,37 @@ const IKEAuthType& IKEPhase1::authTypeSet(const IKEAuthType& authType)
 
 const std::string& IKEPhase1::presharedKeyGet() const
 {
-    require(authType_ == IKE_AUTH_PSK, "presharedKey is only valid for IKE_AUTH_PSK");
+    require<std::invalid_argument>(authType_ == IKE_AUTH_PSK, "presharedKey is only valid for IKE_AUTH_PSK");
     return presharedKey_;
 }
 
 const std::string& IKEPhase1::presharedKeySet(const std::string& presharedKey)
 {
-    require(authType_ == IKE_AUTH_PSK, "presharedKey is only valid for IKE_AUTH_PSK");
+    require<std::invalid_argument>(authType_ == IKE_AUTH_PSK, "presharedKey is only valid for IKE_AUTH_PSK");
     return presharedKey_ = presharedKey;
 }
 
 const std::string& IKEPhase1::localCertGet() const
 {
-    require(authType_ == IKE_AUTH_RSA, "localCert is only valid for IKE_AUTH_RSA");
+    require<std::invalid_argument>(authType_ == IKE_AUTH_RSA, "localCert is only valid for IKE_AUTH_RSA");
     return localCert_;
 }
 
 const std::string& IKEPhase1::localCertSet(const std::string& localCert)
 {
-    require(authType_ == IKE_AUTH_RSA, "localCert is only valid for IKE_AUTH_RSA");
+    require<std::invalid_argument>(authType_ == IKE_AUTH_RSA, "localCert is only valid for IKE_AUTH_RSA");
     return localCert_ = localCert;
 }
 
 const std::string& IKEPhase1::peerTrustGet() const
 {
-    require(authType_ == IKE_AUTH_RSA, "peerTrust is only valid for IKE_AUTH_RSA");
+    require<std::invalid_argument>(authType_ == IKE_AUTH_RSA, "peerTrust is only valid for IKE_AUTH_RSA");
     return peerTrust_;
 }
 
 const std::string& IKEPhase1::peerTrustSet(const std::string& peerTrust)
 {
-    require(authType_ == IKE_AUTH_RSA, "peerTrust is only valid for IKE_AUTH_RSA");
+    require<std::invalid_argument>(authType_ == IKE_AUTH_RSA, "peerTrust is only valid for IKE_AUTH_RSA");
     return peerTrust_ = peerTrust;
 }
 
@@ -87,7 +86,7 @@ const IKEPhase1Proposal& IKEPhase1::proposalSet(const IKEPhase1Proposal& proposa
 // The reader sets the fields directly: the setters' rules are for editing. Its message says <auth>, not <authType>.
 IKEPhase1 IKEPhase1::importXML(XMLParser& parser)
 {
-    IKEPhase1 phase1(IKE_AUTH_PSK, "", "", "", IKEPhase1Proposal({}, DH_GROUP_NONE, 28800, KEYLIFETIME_SECS));
+    IKEPhase1 phase1 = emptyPhase1();
     openElement(parser, "ikePhase1");
     phase1.authType_ = readEnum<IKEAuthType>(parser, "authType", "invalid value", "<auth> in <ikePhase1>");
     if (phase1.authType_ == IKE_AUTH_PSK) {

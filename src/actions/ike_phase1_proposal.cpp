@@ -1,5 +1,6 @@
 #include <ipsecimpl/actions.h>
 
+#include "actions/defaults.h"
 #include "enum/read_enum.h"
 #include "enum/write_enum.h"
 #include "xml/element.h"
@@ -15,7 +16,14 @@ IKEPhase1Proposal::IKEPhase1Proposal(const std::list<IKEPhase1Transform>& transf
 {
 }
 
-IKEPhase1Proposal& IKEPhase1Proposal::operator=(IKEPhase1Proposal other) noexcept
+IKEPhase1Proposal& IKEPhase1Proposal::operator=(const IKEPhase1Proposal& other)
+{
+    if (this != &other)
+        *this = IKEPhase1Proposal(other);
+    return *this;
+}
+
+IKEPhase1Proposal& IKEPhase1Proposal::operator=(IKEPhase1Proposal&& other) noexcept
 {
     transforms.swap(other.transforms);
     dhGroup          = other.dhGroup;
@@ -27,7 +35,7 @@ IKEPhase1Proposal& IKEPhase1Proposal::operator=(IKEPhase1Proposal other) noexcep
 // The messages say <ikePhase1Proposal> though the tag is <proposal>.
 IKEPhase1Proposal IKEPhase1Proposal::importXML(XMLParser& parser)
 {
-    IKEPhase1Proposal proposal({}, DH_GROUP_NONE, 28800, KEYLIFETIME_SECS);
+    IKEPhase1Proposal proposal = emptyPhase1Proposal();
     openElement(parser, "proposal");
     proposal.dhGroup = readEnum<DHGroup>(parser, "dhGroup", "invalid value", "<dhGroup> in <ikePhase1Proposal>");
     proposal.keyLifetime      = readUnsigned(parser, "keyLifetime");
@@ -53,9 +61,9 @@ std::ostream& IKEPhase1Proposal::exportXML(std::ostream& out) const
 
 IKEPhase1Proposal& IKEPhase1ProposalDefault()
 {
-    static IKEPhase1Proposal proposal({}, DH_GROUP_NONE, 28800, KEYLIFETIME_SECS);
+    static IKEPhase1Proposal proposal = emptyPhase1Proposal();
     // At every call, on purpose: callers know that the list grows, and copy the result of the first.
-    proposal.keyLifetime      = 28800;
+    proposal.keyLifetime      = defaultKeyLifetime;
     proposal.keyLifetimeUnits = KEYLIFETIME_SECS;
     proposal.transforms.insert(proposal.transforms.end(), {IKE_AESCBC_SHA1, IKE_3DES_MD5});
     return proposal;

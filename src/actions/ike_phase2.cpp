@@ -1,5 +1,6 @@
 #include <ipsecimpl/actions.h>
 
+#include "actions/defaults.h"
 #include "enum/read_enum.h"
 #include "enum/write_enum.h"
 #include "xml/element.h"
@@ -15,7 +16,14 @@ IKEPhase2::IKEPhase2(const std::list<IPsecProposal>& saProposals, const DHGroup&
 {
 }
 
-IKEPhase2& IKEPhase2::operator=(IKEPhase2 other) noexcept
+IKEPhase2& IKEPhase2::operator=(const IKEPhase2& other)
+{
+    if (this != &other)
+        *this = IKEPhase2(other);
+    return *this;
+}
+
+IKEPhase2& IKEPhase2::operator=(IKEPhase2&& other) noexcept
 {
     proposals.swap(other.proposals);
     dhGroup          = other.dhGroup;
@@ -26,7 +34,7 @@ IKEPhase2& IKEPhase2::operator=(IKEPhase2 other) noexcept
 
 IKEPhase2 IKEPhase2::importXML(XMLParser& parser)
 {
-    IKEPhase2 phase2({}, DH_GROUP_NONE, 28800, KEYLIFETIME_SECS);
+    IKEPhase2 phase2 = emptyPhase2();
     openElement(parser, "ikePhase2");
     phase2.dhGroup          = readEnum<DHGroup>(parser, "dhGroup", "invalid value", "<dhGroup> in <ikePhase2>");
     phase2.keyLifetime      = readUnsigned(parser, "keyLifetime");

@@ -1,5 +1,7 @@
 #include <ipsecimpl/actions.h>
 
+#include "actions/defaults.h"
+#include "actions/require.h"
 #include "enum/read_enum.h"
 #include "enum/write_enum.h"
 #include "xml/element.h"
@@ -8,12 +10,6 @@
 
 namespace ipsecimpl {
 namespace {
-
-void require(bool allowed, const char* message)
-{
-    if (!allowed)
-        throw invalid_operation(message);
-}
 
 /// The counter wraps as it does where overflow is not undefined: what a document says may be the greatest int.
 void countChange(int& changeCount)
@@ -36,8 +32,8 @@ IPsecAction::IPsecAction(const SPDAction& spdAction, const std::string& name, in
     , descr_(descr)
     , builtinDescr_(builtinDescr)
     , keyMgr_(keyMgr)
-    , ikePhase1_(IKE_AUTH_PSK, "", "", "", IKEPhase1Proposal({}, DH_GROUP_NONE, 28800, KEYLIFETIME_SECS))
-    , ikePhase2_({}, DH_GROUP_NONE, 28800, KEYLIFETIME_SECS)
+    , ikePhase1_(emptyPhase1())
+    , ikePhase2_(emptyPhase2())
 {
 }
 
@@ -60,8 +56,15 @@ IPsecAction::IPsecAction(const IPsecAction& other)
 // It is the same action in another place: what was read from a document stays whole on its way into a collection.
 IPsecAction::IPsecAction(IPsecAction&&) noexcept = default;
 
+IPsecAction& IPsecAction::operator=(const IPsecAction& other)
+{
+    if (this != &other)
+        *this = IPsecAction(other);
+    return *this;
+}
+
 // type_ and state_ are left out on purpose and stay.
-IPsecAction& IPsecAction::operator=(IPsecAction other) noexcept
+IPsecAction& IPsecAction::operator=(IPsecAction&& other) noexcept
 {
     spdAction_   = other.spdAction_;
     changeCount_ = other.changeCount_;
@@ -81,38 +84,38 @@ IPsecAction::~IPsecAction() = default;
 
 const IPsecKeyMgr& IPsecAction::keyMgrGet() const
 {
-    require(spdAction_ == SPD_TRANSPORT || spdAction_ == SPD_TUNNEL,
+    require<invalid_operation>(spdAction_ == SPD_TRANSPORT || spdAction_ == SPD_TUNNEL,
             "key manager is only defined for IPSEC-TRANSPORT and IPSEC-TUNNEL");
     return keyMgr_;
 }
 
 const std::string& IPsecAction::tunnelEndpointGet() const
 {
-    require(spdAction_ == SPD_TUNNEL, "tunnelEndpoint is only defined for IPSEC-TUNNEL");
+    require<invalid_operation>(spdAction_ == SPD_TUNNEL, "tunnelEndpoint is only defined for IPSEC-TUNNEL");
     return tunnelEndpoint_;
 }
 
 const MKM& IPsecAction::manualKeyGet() const
 {
-    require(keyMgr_ == KEYMGR_MKM, "manualKey is only defined for IPSEC-MKM");
+    require<invalid_operation>(keyMgr_ == KEYMGR_MKM, "manualKey is only defined for IPSEC-MKM");
     return manualKey_;
 }
 
 const IKEPhase1& IPsecAction::ikePhase1Get() const
 {
-    require(keyMgr_ == KEYMGR_IKE, "ikePhase1 is only defined for IPSEC-IKE");
+    require<invalid_operation>(keyMgr_ == KEYMGR_IKE, "ikePhase1 is only defined for IPSEC-IKE");
     return ikePhase1_;
 }
 
 const IKEPhase2& IPsecAction::ikePhase2Get() const
 {
-    require(keyMgr_ == KEYMGR_IKE, "ikePhase2 is only defined for IPSEC-IKE");
+    require<invalid_operation>(keyMgr_ == KEYMGR_IKE, "ikePhase2 is only defined for IPSEC-IKE");
     return ikePhase2_;
 }
 
 const SPDAction& IPsecAction::spdActionSet(const SPDAction& spdAction)
 {
-    require(!isBuiltIn(), "cannot change spd action for a built-in object");
+    require<invalid_operation>(!isBuiltIn(), "cannot change spd action for a built-in object");
     if (spdAction_ != spdAction) {
         spdAction_ = spdAction;
         countChange(changeCount_);
@@ -122,7 +125,7 @@ const SPDAction& IPsecAction::spdActionSet(const SPDAction& spdAction)
 
 const IPsecKeyMgr& IPsecAction::keyMgrSet(const IPsecKeyMgr& keyMgr)
 {
-    require(!isBuiltIn(), "cannot change key manager for a built-in object");
+    require<invalid_operation>(!isBuiltIn(), "cannot change key manager for a built-in object");
     if (keyMgr_ != keyMgr) {
         keyMgr_ = keyMgr;
         countChange(changeCount_);
@@ -132,19 +135,19 @@ const IPsecKeyMgr& IPsecAction::keyMgrSet(const IPsecKeyMgr& keyMgr)
 
 const std::string& IPsecAction::nameSet(const std::string& name)
 {
-    require(!isBuiltIn(), "cannot change name of a built-in object");
+    require<invalid_operation>(!isBuiltIn(), "cannot change name of a built-in object");
     return name_ = name;
 }
 
 const std::string& IPsecAction::descrSet(const std::string& descr)
 {
-    require(!isBuiltIn(), "cannot change description of a built-in object");
+    require<invalid_operation>(!isBuiltIn(), "cannot change description of a built-in object");
     return descr_ = descr;
 }
 
 const std::string& IPsecAction::tunnelEndpointSet(const std::string& tunnelEndpoint)
 {
-    require(spdAction_ == SPD_TUNNEL, "tunnelEndpoint is only defined for IPSEC-TUNNEL");
+    require<invalid_operation>(spdAction_ == SPD_TUNNEL, "tunnelEndpoint is only defined for IPSEC-TUNNEL");
     if (tunnelEndpoint_ != tunnelEndpoint) {
         tunnelEndpoint_ = tunnelEndpoint;
         countChange(changeCount_);
@@ -155,7 +158,7 @@ const std::string& IPsecAction::tunnelEndpointSet(const std::string& tunnelEndpo
 // Unlike the getter's, this message says "key".
 const MKM& IPsecAction::manualKeySet(const MKM& manualKey)
 {
-    require(keyMgr_ == KEYMGR_MKM, "key is only defined for IPSEC-MKM");
+    require<invalid_operation>(keyMgr_ == KEYMGR_MKM, "key is only defined for IPSEC-MKM");
     manualKey_ = manualKey;
     countChange(changeCount_);
     return manualKey_;
@@ -163,7 +166,7 @@ const MKM& IPsecAction::manualKeySet(const MKM& manualKey)
 
 const IKEPhase1& IPsecAction::ikePhase1Set(const IKEPhase1& ikePhase1)
 {
-    require(keyMgr_ == KEYMGR_IKE, "ikePhase1 is only defined for IPSEC-IKE");
+    require<invalid_operation>(keyMgr_ == KEYMGR_IKE, "ikePhase1 is only defined for IPSEC-IKE");
     ikePhase1_ = ikePhase1;
     countChange(changeCount_);
     return ikePhase1_;
@@ -171,7 +174,7 @@ const IKEPhase1& IPsecAction::ikePhase1Set(const IKEPhase1& ikePhase1)
 
 const IKEPhase2& IPsecAction::ikePhase2Set(const IKEPhase2& ikePhase2)
 {
-    require(keyMgr_ == KEYMGR_IKE, "ikePhase2 is only defined for IPSEC-IKE");
+    require<invalid_operation>(keyMgr_ == KEYMGR_IKE, "ikePhase2 is only defined for IPSEC-IKE");
     ikePhase2_ = ikePhase2;
     countChange(changeCount_);
     return ikePhase2_;

@@ -22,7 +22,14 @@ MKM::MKM()
 {
 }
 
-MKM& MKM::operator=(MKM other) noexcept
+MKM& MKM::operator=(const MKM& other)
+{
+    if (this != &other)
+        *this = MKM(other);
+    return *this;
+}
+
+MKM& MKM::operator=(MKM&& other) noexcept
 {
     saProposal    = other.saProposal;
     inboundESPSPI = other.inboundESPSPI;

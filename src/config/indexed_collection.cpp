@@ -4,12 +4,32 @@
 #include "xml/number.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace ipsecimpl {
 namespace {
+
+/// An element name of two parts, put together without the heap: a store shall not fail where its stream does not.
+class JoinedName {
+  public:
+    JoinedName(std::string_view first, std::string_view second)
+        : size_(first.size() + second.size())
+    {
+        first.copy(text_.data(), first.size());
+        second.copy(text_.data() + first.size(), second.size());
+    }
+
+    operator std::string_view() const { return {text_.data(), size_}; }
+
+  private:
+    std::array<char, 32> text_; // the longest is "protocolGroupEntry"
+    std::size_t          size_;
+};
 
 constexpr unsigned int lastID = 2147483647; // the greatest that a document can carry: IDs are read as signed numbers
 
@@ -29,14 +49,24 @@ IndexedCollection<T, pluralTag, singularTag>::IndexedCollection(IndexedCollectio
     other.entries_.clear();
 }
 
+template <class T, auto pluralTag, auto singularTag>
+IndexedCollection<T, pluralTag, singularTag>&
+IndexedCollection<T, pluralTag, singularTag>::operator=(const IndexedCollection& other)
+{
+    if (this != &other)
+        *this = IndexedCollection(other);
+    return *this;
+}
+
 // By swapping: the map's own assignment may assign to elements that are there, and an action would keep some of its
 // fields then.
 template <class T, auto pluralTag, auto singularTag>
 IndexedCollection<T, pluralTag, singularTag>&
-IndexedCollection<T, pluralTag, singularTag>::operator=(IndexedCollection other) noexcept
+IndexedCollection<T, pluralTag, singularTag>::operator=(IndexedCollection&& other) noexcept
 {
-    entries_.swap(other.entries_);
-    nextID_ = other.nextID_;
+    IndexedCollection moved(std::move(other));
+    entries_.swap(moved.entries_);
+    nextID_ = moved.nextID_;
     return *this;
 }
 
@@ -154,8 +184,8 @@ IndexedCollection<T, pluralTag, singularTag>::importXML(XMLParser& parser)
 template <class T, auto pluralTag, auto singularTag>
 std::ostream& IndexedCollection<T, pluralTag, singularTag>::exportXML(std::ostream& out) const
 {
-    const std::string entryTag = std::string(*singularTag) + "Entry";
-    const std::string nextTag  = std::string("next") + *singularTag;
+    const JoinedName entryTag(*singularTag, "Entry");
+    const JoinedName nextTag("next", *singularTag);
 
     openTag(out, *pluralTag);
     writeLeaf(out, nextTag, nextID_);

@@ -20,14 +20,14 @@ IPsecConfig::IPsecConfig(const HostGroups& hosts, const ProtocolGroups& protocol
 IPsecConfig::IPsecConfig(const IPsecConfig&)     = default;
 IPsecConfig::IPsecConfig(IPsecConfig&&) noexcept = default;
 
-IPsecConfig& IPsecConfig::operator=(IPsecConfig other) noexcept
+IPsecConfig& IPsecConfig::operator=(const IPsecConfig& other)
 {
-    hostGroups     = std::move(other.hostGroups);
-    protocolGroups = std::move(other.protocolGroups);
-    actions        = std::move(other.actions);
-    policies       = std::move(other.policies);
+    if (this != &other)
+        *this = IPsecConfig(other); // all four copies are made before the first is put in place
     return *this;
 }
+
+IPsecConfig& IPsecConfig::operator=(IPsecConfig&&) noexcept = default;
 
 IPsecConfig::~IPsecConfig() = default;
 

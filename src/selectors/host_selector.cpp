@@ -43,6 +43,15 @@ int bitsOf(unsigned char byte)
     return 0;
 }
 
+/// The result of a conversion between mask and length, for the reader.
+template <class Conversion>
+auto converted(Conversion conversion)
+try {
+    return conversion();
+} catch (const std::invalid_argument&) {
+    throw ParseError("bad value in <hostSelector>");
+}
+
 } // namespace
 
 HostSelector::HostSelector()
@@ -139,23 +148,19 @@ HostSelector HostSelector::importXML(XMLParser& parser)
     // An unknown word leaves here as std::invalid_argument: the group's reader has the message for it.
     selector.family       = readEnum<AddressFamily>(parser, "family");
     selector.selectorType = readEnum<AddressType>(parser, "selectorType");
-    try {
-        if (selector.selectorType == HOST_SINGLE) {
-            selector.addr1  = readText(parser, "addr1");
-        } else if (selector.selectorType == HOST_RANGE) {
-            selector.addr1  = readText(parser, "addr1");
-            selector.addr2  = readText(parser, "addr2");
-        } else if (selector.selectorType == HOST_SUBNET_LENGTH) {
-            selector.addr1  = readText(parser, "addr1");
-            selector.length = readInt(parser, "length");
-            selector.addr2  = len2mask(selector.family, selector.length);
-        } else if (selector.selectorType == HOST_SUBNET_MASK) {
-            selector.addr1  = readText(parser, "addr1");
-            selector.addr2  = readText(parser, "mask");
-            selector.length = mask2len(selector.family, selector.addr2.c_str());
-        }
-    } catch (const std::invalid_argument&) {
-        throw ParseError("bad value in <hostSelector>");
+    if (selector.selectorType == HOST_SINGLE) {
+        selector.addr1  = readText(parser, "addr1");
+    } else if (selector.selectorType == HOST_RANGE) {
+        selector.addr1  = readText(parser, "addr1");
+        selector.addr2  = readText(parser, "addr2");
+    } else if (selector.selectorType == HOST_SUBNET_LENGTH) {
+        selector.addr1  = readText(parser, "addr1");
+        selector.length = readInt(parser, "length");
+        selector.addr2  = converted([&] { return len2mask(selector.family, selector.length); });
+    } else if (selector.selectorType == HOST_SUBNET_MASK) {
+        selector.addr1  = readText(parser, "addr1");
+        selector.addr2  = readText(parser, "mask");
+        selector.length = converted([&] { return mask2len(selector.family, selector.addr2.c_str()); });
     }
     parser.parse_end_tag();
     return selector;

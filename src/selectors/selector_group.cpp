@@ -25,10 +25,18 @@ SelectorGroup<Tag, Selector>::SelectorGroup(const SelectorGroup&) = default;
 template <auto Tag, class Selector>
 SelectorGroup<Tag, Selector>::SelectorGroup(SelectorGroup&&) noexcept = default;
 
+template <auto Tag, class Selector>
+SelectorGroup<Tag, Selector>& SelectorGroup<Tag, Selector>::operator=(const SelectorGroup& other)
+{
+    if (this != &other)
+        *this = SelectorGroup(other);
+    return *this;
+}
+
 // By swapping: the set's own assignment may assign to selectors that are there, and a protocol selector would keep its
 // name then.
 template <auto Tag, class Selector>
-SelectorGroup<Tag, Selector>& SelectorGroup<Tag, Selector>::operator=(SelectorGroup other) noexcept
+SelectorGroup<Tag, Selector>& SelectorGroup<Tag, Selector>::operator=(SelectorGroup&& other) noexcept
 {
     name.swap(other.name);
     builtinName = other.builtinName;

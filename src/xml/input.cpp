@@ -37,8 +37,10 @@ bool Input::putBack()
 
 int Input::underflow()
 {
-    if (buffer_ == nullptr)
+    if (buffer_ == nullptr) {
+        stream_.setstate(std::ios_base::failbit);
         return end;
+    }
     const int c = guarded([this] { return buffer_->sgetc(); });
     if (c == end) {
         buffer_ = nullptr;

@@ -39,7 +39,8 @@ class GetArea : private std::streambuf {
 /// each single one, but with the same outcome for its state.
 ///
 /// What goes wrong reads as the end of input. It shows in the stream's state, and if the stream's exception mask says
-/// so, as its exception: looking at the end sets eofbit, reading there failbit too, and a fault of the buffer badbit.
+/// so, as its exception: meeting the end sets eofbit, looking again or reading there failbit too, and a fault of the
+/// buffer badbit.
 class Input {
   public:
     static constexpr int end = std::char_traits<char>::eof();
@@ -91,7 +92,7 @@ class Input {
         return uflow();
     }
 
-    /// Puts the character that was read last back. False if the stream cannot take it; the stream is bad then.
+    /// Puts the character that was read last back. False if the stream cannot take it; it is not good then.
     bool putBack();
 
     void skipSpace()
@@ -99,18 +100,20 @@ class Input {
         forEach(isSpace, [](const char*, const char*) {});
     }
 
-    /// Consumes and appends to `text` what comes before the first character that is `last(c)`, or the end of input.
+    /// Consumes and appends to `text` what comes before the first character that is `last(c)`, and returns that, or
+    /// `end`. It stays in the stream.
     template <class Predicate>
-    void appendUntil(std::string& text, Predicate last)
+    int appendUntil(std::string& text, Predicate last)
     {
-        forEach([last](int c) { return !last(c); },
-                [&text](const char* from, const char* to) { text.append(from, to); });
+        return forEach([last](int c) { return !last(c); },
+                       [&text](const char* from, const char* to) { text.append(from, to); });
     }
 
   private:
-    /// Consumes characters as long as each is `wanted(c)`, and hands them to `take` piece by piece.
+    /// Consumes characters as long as each is `wanted(c)`, hands them to `take` piece by piece, and returns the first
+    /// other one, or `end`.
     template <class Predicate, class Take>
-    void forEach(Predicate wanted, Take take);
+    int forEach(Predicate wanted, Take take);
 
     void prepare();
     int  underflow();
@@ -126,15 +129,18 @@ class Input {
 };
 
 template <class Predicate, class Take>
-void Input::forEach(Predicate wanted, Take take)
+int Input::forEach(Predicate wanted, Take take)
 {
-    for (int c = peek(); c != end && wanted(c); c = peek()) {
+    for (;;) {
+        int c = peek();
+        if (c == end || !wanted(c))
+            return c;
         const char* const from  = GetArea::begin(*buffer_);
         const char* const limit = GetArea::end(*buffer_);
         if (from == limit) { // a buffer that holds nothing ready
             c = get();
             if (c == end)
-                return;
+                return end;
             const char single = std::char_traits<char>::to_char_type(c);
             take(&single, &single + 1);
             continue;

@@ -91,13 +91,11 @@ bool XMLParser::parse_value(std::string& value)
     value.clear();
     if (quote == '\'' || quote == '"') {
         in.get();
-        in.appendUntil(value, [quote](int c) { return c == quote; });
-        if (in.get() != quote)
+        if (in.appendUntil(value, [quote](int c) { return c == quote; }) != quote)
             fail("parse_value: unterminated attribute value");
-    } else {
-        in.appendUntil(value, [](int c) { return isSpace(c) || c == '>'; });
-        if (!isSpace(in.peek()))
-            fail("parse_value: unterminated attribute value");
+        in.get();
+    } else if (!isSpace(in.appendUntil(value, [](int c) { return isSpace(c) || c == '>'; }))) {
+        fail("parse_value: unterminated attribute value");
     }
     return true;
 }
@@ -144,8 +142,7 @@ bool XMLParser::parse_data(std::string& data)
     Input in(in_);
     data.clear();
     in.skipSpace();
-    in.appendUntil(data, [](int c) { return c == '<'; });
-    if (in.peek() == Input::end)
+    if (in.appendUntil(data, [](int c) { return c == '<'; }) == Input::end)
         fail("parse_data: unmatched tag '" + innermost() + "'");
     trim(data);
     return !data.empty();
@@ -212,8 +209,7 @@ std::string XMLParser::parse_entity()
 {
     Input       in(in_);
     std::string entity;
-    in.appendUntil(entity, [](int c) { return c == ';'; });
-    if (in.peek() == ';')
+    if (in.appendUntil(entity, [](int c) { return c == ';'; }) == ';')
         in.get();
     return expand_entity(entity);
 }

@@ -437,6 +437,19 @@ TEST(IndexedCollection, KeepsTypeAndStateOfAnActionThatIsReplaced)
     EXPECT_EQ(typeOf(actions.at(1)), "5");
 }
 
+TEST(IndexedCollection, IsUnchangedByAssignmentToItself)
+{
+    Actions actions = read<Actions>("<actions><actionEntry><id>1</id>" + action("a", 5) + "</actionEntry></actions>");
+    const IPsecAction* const element = actions.find(1);
+    const std::string        before  = written(actions);
+    actions                          = *&actions;
+    EXPECT_EQ(written(actions), before); // type and state included
+    EXPECT_EQ(actions.find(1), element);
+    actions = std::move(*&actions);
+    EXPECT_EQ(written(actions), before);
+    EXPECT_EQ(actions.find(1), element);
+}
+
 TEST(IndexedCollection, StartsTypeAndStateAt0InACopyWhateverTheTargetHeld)
 {
     const Actions original =

@@ -271,6 +271,44 @@ TEST(IPsecConfig, IsCopiedAsAWhole)
     EXPECT_EQ(written(copy), written(sample()));
 }
 
+TEST(IPsecConfig, IsUnchangedByAssignmentToItself)
+{
+    IPsecConfig config = sample();
+    config.actions.at(2).typeSet(5);
+    config.actions.at(2).stateSet(6);
+    const std::string        before  = written(config);
+    const IPsecAction* const element = config.actions.find(2);
+    config                           = *&config;
+    EXPECT_EQ(written(config), before); // type and state included
+    EXPECT_EQ(config.actions.find(2), element);
+    config = std::move(*&config);
+    EXPECT_EQ(written(config), before);
+    EXPECT_EQ(config.actions.find(2), element);
+}
+
+TEST(IPsecConfig, WritesThroughANonConstMember)
+{
+    static_assert(std::is_same_v<decltype(&IPsecConfig::exportXML), std::ostream& (IPsecConfig::*)(std::ostream&)>);
+}
+
+TEST(IPsecConfig, CarriesTypeAndStateWhereverALoadedConfigurationGoes)
+{
+    IPsecConfig config = sample();
+    config.actions.at(2).typeSet(5);
+    config.actions.at(2).stateSet(-6);
+    const std::string text   = written(config);
+    IPsecConfig       loaded = read<IPsecConfig>(text); // returned
+    EXPECT_EQ(written(loaded), text);
+    IPsecConfig moved(std::move(loaded));
+    EXPECT_EQ(written(moved), text);
+    IPsecConfig assigned = sample();
+    assigned             = std::move(moved);
+    EXPECT_EQ(written(assigned), text);
+    assigned = read<IPsecConfig>(text);
+    EXPECT_EQ(written(assigned), text);
+    EXPECT_EQ(assigned.actions.at(2).stateGet(), -6);
+}
+
 TEST(IPsecConfig, IsMovedAndLeavesAnEmptyOneBehind)
 {
     static_assert(std::is_nothrow_move_constructible_v<IPsecConfig>);

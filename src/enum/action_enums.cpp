@@ -1,5 +1,5 @@
-// Names and constants of the action and keying classes. A row is a value: its word in the document, and under the table its
-// constant, in the same order.
+// Names and constants of the action and keying classes. A row is a value: its word in the document, and under the table
+// its constant, in the same order.
 
 #include <ipsecimpl/enums.h>
 

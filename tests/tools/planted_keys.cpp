@@ -1,0 +1,200 @@
+// Keys must not reach the screen, whatever is wrong with the document: each of them is planted in a document that is
+// then damaged at every byte, and everything that the program prints is searched for pieces of it.
+
+#include "program.h"
+
+#include <gmock/gmock.h>
+
+#include <cstddef>
+#include <ostream>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+const std::size_t PIECE = 4;
+
+// Among them texts that look like names and like pieces of messages.
+const std::vector<std::string> KEYS = {"Kq7Zv9Wx",    "J8'w\"Hd2Ru", "Tb5 Yc3 Ng1",
+                                       "-Pm6.Qs4:Vf", "'X0k' for <", "'value' zU9e-Lt2j"};
+
+std::string withPresharedKey(const std::string& element)
+{
+    return document("", "",
+                    entry("action", 1,
+                          action("p", "",
+                                 "<spdAction>TRANSPORT</spdAction><keyMgr>IKE</keyMgr><ikePhase1><authType>PSK"
+                                 "</authType>" +
+                                     element +
+                                     "<proposal><dhGroup>G2</dhGroup><keyLifetime>1</keyLifetime><keyLifetimeUnits>"
+                                     "MINS</keyLifetimeUnits></proposal></ikePhase1><ikePhase2><dhGroup>G1</dhGroup>"
+                                     "<keyLifetime>5</keyLifetime><keyLifetimeUnits>KB</keyLifetimeUnits>"
+                                     "</ikePhase2>")));
+}
+
+std::string leaf(const std::string& tag, const std::string& text)
+{
+    return "<" + tag + ">" + text + "</" + tag + ">";
+}
+
+std::string valueLeaf(const std::string& tag, const std::string& text, char quote)
+{
+    return "<" + tag + " value=" + quote + text + quote + "/>";
+}
+
+std::string withManualKeys()
+{
+    return document("", "",
+                    entry("action", 1,
+                          action("m", "",
+                                 "<spdAction>TRANSPORT</spdAction><keyMgr>MKM</keyMgr><manualKey><saProposal><protocol>"
+                                 "NONE</protocol><encryption>2</encryption><hash>2</hash></saProposal>" +
+                                     leaf("inboundDecrKey", KEYS[0]) + leaf("outboundEncrKey", KEYS[1]) +
+                                     leaf("outboundEncrIV", KEYS[2]) + leaf("inboundAuthKey", KEYS[3]) +
+                                     valueLeaf("outboundAuthKey", KEYS[5], '"') + "</manualKey>")));
+}
+
+/// What the program prints of a document where no key belongs on the screen: all but what `format` stores.
+std::string everythingSaid(const std::string& text)
+{
+    const Outcome shown     = run({"show", "-"}, text);
+    const Outcome formatted = run({"format", "-"}, text);
+    EXPECT_GE(shown.status, 0);
+    return shown.out + shown.err + formatted.err;
+}
+
+/// The pieces of all keys that `text` holds and that messages about a document without keys do not.
+std::set<std::string> piecesOfKeysIn(const std::string& text)
+{
+    const std::set<std::string> common = {"valu", "alue", "' fo", " for", "for ", "or <"};
+    std::set<std::string>       found;
+    for (const std::string& key : KEYS)
+        for (std::size_t i = 0; i + PIECE <= key.size(); ++i) {
+            const std::string piece = key.substr(i, PIECE);
+            if (common.count(piece) == 0 && text.find(piece) != std::string::npos)
+                found.insert(piece);
+        }
+    return found;
+}
+
+struct Damage {
+    const char* what;
+    /// What becomes of `text` when it is done at the byte `at`.
+    std::string (*apply)(std::string text, std::size_t at);
+};
+
+std::ostream& operator<<(std::ostream& out, const Damage& damage)
+{
+    return out << damage.what;
+}
+
+template <char C>
+std::string insertion(std::string text, std::size_t at)
+{
+    return text.insert(at, 1, C);
+}
+
+class PlantedKeys : public testing::TestWithParam<Damage> {
+  protected:
+    static void expectSilence(const std::string& original)
+    {
+        ASSERT_EQ(run({"show", "-"}, original).status, 0) << "it does load before the damage";
+        for (std::size_t at = 0; at < original.size(); ++at) {
+            const std::string text = GetParam().apply(original, at);
+            ASSERT_THAT(piecesOfKeysIn(everythingSaid(text)), testing::IsEmpty()) << text;
+        }
+    }
+};
+
+TEST_P(PlantedKeys, PresharedKeyStaysHidden)
+{
+    expectSilence(withPresharedKey(leaf("presharedKey", KEYS[0])));
+}
+
+TEST_P(PlantedKeys, PresharedKeyInAnAttributeStaysHidden)
+{
+    expectSilence(withPresharedKey(valueLeaf("presharedKey", KEYS[4], '"')));
+}
+
+TEST_P(PlantedKeys, ManualKeysStayHidden)
+{
+    expectSilence(withManualKeys());
+}
+
+// clang-format off
+const Damage DAMAGES[] = {
+    {"a byte is missing",  [](std::string text, std::size_t at) { return text.erase(at, 1); }},
+    {"cut short",          [](std::string text, std::size_t at) { return text.erase(at); }},
+    {"a '<' too many",     insertion<'<'>},
+    {"a '>' too many",     insertion<'>'>},
+    {"a '/' too many",     insertion<'/'>},
+    {"a blank too many",   insertion<' '>},
+    {"a quote too many",   insertion<'\''>},
+    {"a NUL",              insertion<'\0'>},
+};
+// clang-format on
+
+INSTANTIATE_TEST_SUITE_P(EveryByte, PlantedKeys, testing::ValuesIn(DAMAGES));
+
+class MisplacedKey : public testing::TestWithParam<std::string> {};
+
+TEST_P(MisplacedKey, StaysHidden)
+{
+    ASSERT_EQ(run({"show", "-"}, GetParam()).status, 1);
+    EXPECT_THAT(piecesOfKeysIn(everythingSaid(GetParam())), testing::IsEmpty()) << everythingSaid(GetParam());
+}
+
+std::string withAuthType(const std::string& text)
+{
+    return document("", "",
+                    entry("action", 1,
+                          action("p", "",
+                                 "<spdAction>TRANSPORT</spdAction><keyMgr>IKE</keyMgr><ikePhase1>" +
+                                     leaf("authType", text))));
+}
+
+// clang-format off
+const std::string MISPLACED_KEYS[] = {
+    // As a tag, or in place of one.
+    withPresharedKey("<presharedKey" + KEYS[0] + "</presharedKey>"),
+    withPresharedKey("<" + KEYS[0] + "></presharedKey>"),
+    withPresharedKey("<" + KEYS[0] + "/>"),
+    withPresharedKey("<presharedKey/>" + KEYS[0]),
+    withPresharedKey(KEYS[0] + "</presharedKey>"),
+    document("", "", "<" + KEYS[0] + "/>"),
+    "<" + KEYS[0] + "/>",
+    "<ipsec><" + KEYS[0] + ">",
+    document(entry("hostGroup", 1, "<hostGroup><" + KEYS[0] + ">")),
+    // As an attribute.
+    withPresharedKey("<presharedKey " + KEYS[0] + "/>"),
+    withPresharedKey("<presharedKey " + KEYS[0] + "='x'/>"),
+    document("", entry("protocolGroup", 1, group("protocolGroup", "g", "",
+                                                 "<protocolSelector>" + leaf(KEYS[0], "x")))),
+    // As the text of a neighbour, which messages quote as it stands.
+    withAuthType(KEYS[0]),
+    withAuthType(KEYS[1]),
+    withAuthType(KEYS[4]),
+    withAuthType(KEYS[5]),
+    withAuthType("authType'" + KEYS[0]),
+    withAuthType(KEYS[0] + "\nfrom <ipsec>"),
+    withAuthType("x\nfrom <" + KEYS[0] + ">\nfrom <ipsec>"),
+    withAuthType("x\nfrom <ipsec>\n" + KEYS[0]),
+    withAuthType("x'\nfrom <ipsec>\n" + KEYS[0]),
+    // And where a NUL cuts the message.
+    withAuthType(KEYS[0] + std::string(1, '\0')),
+    withAuthType("x' " + KEYS[0] + std::string(1, '\0')),
+    withAuthType("x' for <authType> " + KEYS[0] + std::string(1, '\0')),
+    withAuthType("x\nfrom <" + KEYS[0] + ">" + std::string(1, '\0')),
+};
+// clang-format on
+
+INSTANTIATE_TEST_SUITE_P(PlantedKeys, MisplacedKey, testing::ValuesIn(MISPLACED_KEYS));
+
+TEST(PlantedKeys, ThePiecesWouldBeFound)
+{
+    const Outcome outcome = run({"show", "--show-keys", "-"}, withManualKeys());
+    EXPECT_THAT(piecesOfKeysIn(outcome.out), testing::IsSupersetOf({"Kq7Z", "v9Wx", "Hd2R", "Yc3 ", "Qs4:", "Lt2j"}));
+}
+
+} // namespace

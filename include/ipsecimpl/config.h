@@ -9,8 +9,12 @@
 #include <ipsecimpl/selectors.h>
 #include <ipsecimpl/xml.h>
 
+#include <cstddef>
 #include <iosfwd>
 #include <map>
+#include <stdexcept>
+#include <string>
+#include <utility>
 
 namespace ipsecimpl {
 
@@ -42,40 +46,40 @@ class IPSECIMPL_API Policy {
 ///
 /// `pluralTag` and `singularTag` are the addresses of the tags from which the element names are made.
 template <class T, auto pluralTag, auto singularTag>
-class IPSECIMPL_API IndexedCollection {
+class IndexedCollection {
   public:
     using iterator       = typename std::map<unsigned int, T>::iterator;       ///< to a pair of ID and element
     using const_iterator = typename std::map<unsigned int, T>::const_iterator; ///< to a pair of ID and element
 
     /// Empty; the next ID is 1.
-    IndexedCollection();
+    IndexedCollection() = default;
 
-    IndexedCollection(const IndexedCollection& other);
+    IndexedCollection(const IndexedCollection& other) = default;
     IndexedCollection(IndexedCollection&& other) noexcept; ///< `other` is empty afterwards, its next ID is 1
     IndexedCollection& operator=(const IndexedCollection& other); ///< if it throws, the target is as it was
     IndexedCollection& operator=(IndexedCollection&& other) noexcept; ///< `other` is empty afterwards, its next ID is 1
-    ~IndexedCollection();
+    ~IndexedCollection() = default;
 
     /// Stores a copy of `element` under the next ID, which it returns.
     ///
     /// Throws invalid_operation "no ID left for " and the singular tag when the next ID is beyond 2147483647. Gaps
     /// among the IDs are not filled: an ID that was in use once is not given to something else.
-    unsigned int add(const T& element);
+    unsigned int add(const T& element) { return add(T(element)); }
 
     /// The same, moving `element` in (an action keeps its `type` and `state`).
     unsigned int add(T&& element);
 
     /// The element, or null if there is none with this ID.
-    T*       find(unsigned int id);
-    const T* find(unsigned int id) const;
+    T*       find(unsigned int id) { return elementOf(entries_, id); }
+    const T* find(unsigned int id) const { return elementOf(entries_, id); }
 
     /// The element. Throws `std::invalid_argument` "no " + singular tag + " with ID N" if there is none.
-    T&       at(unsigned int id);
-    const T& at(unsigned int id) const;
+    T&       at(unsigned int id) { return required(find(id), id); }
+    const T& at(unsigned int id) const { return required(find(id), id); }
 
     /// Assigns `element` to the stored one, which it returns. So an action's `type` and `state` stay what they are in
     /// the collection, whatever those of `element`. Throws `std::invalid_argument` as at() does.
-    T& replace(unsigned int id, const T& element);
+    T& replace(unsigned int id, const T& element) { return at(id) = element; }
 
     /// Removes the element; false if there is none. The next ID stays, but for ID 2147483647: nothing greater can be
     /// handed out or stored, so it becomes the next ID again.
@@ -94,14 +98,22 @@ class IPSECIMPL_API IndexedCollection {
 
     /// Reads one collection element. Throws ParseError, or what the element's own reader throws; then there is no
     /// collection.
-    static IndexedCollection importXML(XMLParser& parser);
+    IPSECIMPL_API static IndexedCollection importXML(XMLParser& parser);
 
     /// Writes the collection, its entries in ascending order, and returns `out`, whose state is the caller's to test.
-    std::ostream& exportXML(std::ostream& out) const;
+    IPSECIMPL_API std::ostream& exportXML(std::ostream& out) const;
 
   private:
+    static constexpr unsigned int lastID_ = 2147483647; // the greatest that a document can carry
+
+    template <class Entries>
+    static auto elementOf(Entries& entries, unsigned int id) -> decltype(&entries.begin()->second);
+
+    template <class Element>
+    static Element& required(Element* element, unsigned int id);
+
     std::map<unsigned int, T> entries_;
-    unsigned int              nextID_ = 1;
+    unsigned int              nextID_ = 1; // greater than every ID in use
 };
 
 using HostGroups     = IndexedCollection<HostGroup, &__hostGroupsTag, &__hostGroupTag>;
@@ -109,28 +121,29 @@ using ProtocolGroups = IndexedCollection<ProtocolGroup, &__protocolGroupsTag, &_
 using Actions        = IndexedCollection<IPsecAction, &__actionsTag, &__actionTag>;
 using Policies       = IndexedCollection<Policy, &__policiesTag, &__policyTag>;
 
-extern template class IPSECIMPL_API IndexedCollection<HostGroup, &__hostGroupsTag, &__hostGroupTag>;
-extern template class IPSECIMPL_API IndexedCollection<ProtocolGroup, &__protocolGroupsTag, &__protocolGroupTag>;
-extern template class IPSECIMPL_API IndexedCollection<IPsecAction, &__actionsTag, &__actionTag>;
-extern template class IPSECIMPL_API IndexedCollection<Policy, &__policiesTag, &__policyTag>;
-
 /// The whole configuration: what one document holds.
 ///
 /// A value that owns its collections. Nothing is checked across them, and the library never adds anything by itself.
 class IPSECIMPL_API IPsecConfig {
   public:
     /// Four empty collections.
-    IPsecConfig();
+    IPsecConfig() = default;
 
     /// Copies the four collections.
-    IPsecConfig(const HostGroups& hostGroups, const ProtocolGroups& protocolGroups, const Actions& actions,
-                const Policies& policies);
+    IPsecConfig(const HostGroups& hosts, const ProtocolGroups& protocols, const Actions& actionsToCopy,
+                const Policies& policiesToCopy)
+        : hostGroups(hosts)
+        , protocolGroups(protocols)
+        , actions(actionsToCopy)
+        , policies(policiesToCopy)
+    {
+    }
 
-    IPsecConfig(const IPsecConfig& other);                ///< the actions' `type` and `state` start at 0
-    IPsecConfig(IPsecConfig&& other) noexcept;            ///< `other` is empty afterwards
-    IPsecConfig& operator=(const IPsecConfig& other);     ///< if it throws, the target is as it was
-    IPsecConfig& operator=(IPsecConfig&& other) noexcept; ///< `other` is empty afterwards
-    ~IPsecConfig();
+    IPsecConfig(const IPsecConfig& other)     = default;       ///< the actions' `type` and `state` start at 0
+    IPsecConfig(IPsecConfig&& other) noexcept = default;       ///< `other` is empty afterwards
+    IPsecConfig& operator=(const IPsecConfig& other);          ///< if it throws, the target is as it was
+    IPsecConfig& operator=(IPsecConfig&&) noexcept = default;  ///< `other` is empty afterwards
+    ~IPsecConfig()                                 = default;
 
     /// Reads one <ipsec> element; what follows it stays in the stream.
     ///
@@ -150,6 +163,98 @@ class IPSECIMPL_API IPsecConfig {
     Actions        actions;        ///< what happens to it
     Policies       policies;       ///< what belongs together
 };
+
+// The collections are compiled where they are used, all but reading and writing.
+
+template <class T, auto pluralTag, auto singularTag>
+IndexedCollection<T, pluralTag, singularTag>::IndexedCollection(IndexedCollection&& other) noexcept
+    : entries_(std::move(other.entries_))
+    , nextID_(std::exchange(other.nextID_, 1U))
+{
+    other.entries_.clear();
+}
+
+template <class T, auto pluralTag, auto singularTag>
+IndexedCollection<T, pluralTag, singularTag>&
+IndexedCollection<T, pluralTag, singularTag>::operator=(const IndexedCollection& other)
+{
+    if (this != &other)
+        *this = IndexedCollection(other);
+    return *this;
+}
+
+// By swapping: the map's own assignment may assign to elements that are there, and an action would keep some of its
+// fields then.
+template <class T, auto pluralTag, auto singularTag>
+IndexedCollection<T, pluralTag, singularTag>&
+IndexedCollection<T, pluralTag, singularTag>::operator=(IndexedCollection&& other) noexcept
+{
+    IndexedCollection moved(std::move(other));
+    entries_.swap(moved.entries_);
+    nextID_ = moved.nextID_;
+    return *this;
+}
+
+template <class T, auto pluralTag, auto singularTag>
+unsigned int IndexedCollection<T, pluralTag, singularTag>::add(T&& element)
+{
+    if (nextID_ > lastID_)
+        throw invalid_operation(std::string("no ID left for ") + *singularTag);
+    entries_.emplace_hint(entries_.end(), nextID_, std::move(element));
+    return nextID_++;
+}
+
+template <class T, auto pluralTag, auto singularTag>
+bool IndexedCollection<T, pluralTag, singularTag>::remove(unsigned int id)
+{
+    if (entries_.erase(id) == 0)
+        return false;
+    if (id == lastID_)
+        nextID_ = lastID_; // without its entry a document could not say that the next ID is beyond
+    return true;
+}
+
+template <class T, auto pluralTag, auto singularTag>
+template <class Entries>
+auto IndexedCollection<T, pluralTag, singularTag>::elementOf(Entries& entries, unsigned int id)
+    -> decltype(&entries.begin()->second)
+{
+    const auto entry = entries.find(id);
+    return entry == entries.end() ? nullptr : &entry->second;
+}
+
+template <class T, auto pluralTag, auto singularTag>
+template <class Element>
+Element& IndexedCollection<T, pluralTag, singularTag>::required(Element* element, unsigned int id)
+{
+    if (element == nullptr)
+        throw std::invalid_argument(std::string("no ") + *singularTag + " with ID " + std::to_string(id));
+    return *element;
+}
+
+extern template IPSECIMPL_API HostGroups
+IndexedCollection<HostGroup, &__hostGroupsTag, &__hostGroupTag>::importXML(XMLParser&);
+extern template IPSECIMPL_API ProtocolGroups
+IndexedCollection<ProtocolGroup, &__protocolGroupsTag, &__protocolGroupTag>::importXML(XMLParser&);
+extern template IPSECIMPL_API Actions
+IndexedCollection<IPsecAction, &__actionsTag, &__actionTag>::importXML(XMLParser&);
+extern template IPSECIMPL_API Policies IndexedCollection<Policy, &__policiesTag, &__policyTag>::importXML(XMLParser&);
+
+extern template IPSECIMPL_API std::ostream&
+IndexedCollection<HostGroup, &__hostGroupsTag, &__hostGroupTag>::exportXML(std::ostream&) const;
+extern template IPSECIMPL_API std::ostream&
+IndexedCollection<ProtocolGroup, &__protocolGroupsTag, &__protocolGroupTag>::exportXML(std::ostream&) const;
+extern template IPSECIMPL_API std::ostream&
+IndexedCollection<IPsecAction, &__actionsTag, &__actionTag>::exportXML(std::ostream&) const;
+extern template IPSECIMPL_API std::ostream&
+IndexedCollection<Policy, &__policiesTag, &__policyTag>::exportXML(std::ostream&) const;
+
+inline IPsecConfig& IPsecConfig::operator=(const IPsecConfig& other)
+{
+    if (this != &other)
+        *this = IPsecConfig(other); // all four copies are made before the first is put in place
+    return *this;
+}
 
 } // namespace ipsecimpl
 

@@ -11,6 +11,7 @@
 #include <iosfwd>
 #include <set>
 #include <string>
+#include <utility>
 
 namespace ipsecimpl {
 
@@ -142,26 +143,26 @@ class IPSECIMPL_API ProtocolSelector {
 /// A plain value. The fields are read and set directly and the group checks nothing. `Tag` is the address of the
 /// element's tag.
 template <auto Tag, class Selector>
-class IPSECIMPL_API SelectorGroup {
+class SelectorGroup {
   public:
     /// No texts, no numbers, no selectors.
-    SelectorGroup();
+    SelectorGroup() = default;
 
     /// A group without selectors.
-    SelectorGroup(std::string name, int builtinName, std::string descr, int builtinDescr);
+    SelectorGroup(std::string ownName, int nameNumber, std::string ownDescr, int descrNumber);
 
-    SelectorGroup(const SelectorGroup& other);
-    SelectorGroup(SelectorGroup&& other) noexcept;
+    SelectorGroup(const SelectorGroup& other)     = default;
+    SelectorGroup(SelectorGroup&& other) noexcept = default;
     SelectorGroup& operator=(const SelectorGroup& other); ///< if it throws, the target is as it was
     SelectorGroup& operator=(SelectorGroup&& other) noexcept;
-    ~SelectorGroup();
+    IPSECIMPL_API ~SelectorGroup();
 
     /// Reads one group element. Throws ParseError, also for a selector's unknown word ("bad value: to_int").
     /// A selector that equals (`compare` gives 0) one read before is dropped silently.
-    static SelectorGroup importXML(XMLParser& parser);
+    IPSECIMPL_API static SelectorGroup importXML(XMLParser& parser);
 
     /// Writes the group element, the selectors in their order, and returns `os`, whose state is the caller's to test.
-    std::ostream& exportXML(std::ostream& os) const;
+    IPSECIMPL_API std::ostream& exportXML(std::ostream& os) const;
 
     std::string        name;             ///< the group's own name
     int                builtinName  = 0; ///< number of a text that the user interface shows instead; 0 is none
@@ -173,8 +174,45 @@ class IPSECIMPL_API SelectorGroup {
 using HostGroup     = SelectorGroup<&__hostGroupTag, HostSelector>;
 using ProtocolGroup = SelectorGroup<&__protocolGroupTag, ProtocolSelector>;
 
-extern template class IPSECIMPL_API SelectorGroup<&__hostGroupTag, HostSelector>;
-extern template class IPSECIMPL_API SelectorGroup<&__protocolGroupTag, ProtocolSelector>;
+template <auto Tag, class Selector>
+SelectorGroup<Tag, Selector>::SelectorGroup(std::string ownName, int nameNumber, std::string ownDescr, int descrNumber)
+    : name(std::move(ownName))
+    , builtinName(nameNumber)
+    , descr(std::move(ownDescr))
+    , builtinDescr(descrNumber)
+{
+}
+
+template <auto Tag, class Selector>
+SelectorGroup<Tag, Selector>& SelectorGroup<Tag, Selector>::operator=(const SelectorGroup& other)
+{
+    if (this != &other)
+        *this = SelectorGroup(other);
+    return *this;
+}
+
+// By swapping: the set's own assignment may assign to selectors that are there, and a protocol selector would keep its
+// name then.
+template <auto Tag, class Selector>
+SelectorGroup<Tag, Selector>& SelectorGroup<Tag, Selector>::operator=(SelectorGroup&& other) noexcept
+{
+    name.swap(other.name);
+    builtinName = other.builtinName;
+    descr.swap(other.descr);
+    builtinDescr = other.builtinDescr;
+    selectors.swap(other.selectors);
+    return *this;
+}
+
+extern template IPSECIMPL_API SelectorGroup<&__hostGroupTag, HostSelector>::~SelectorGroup();
+extern template IPSECIMPL_API HostGroup SelectorGroup<&__hostGroupTag, HostSelector>::importXML(XMLParser&);
+extern template IPSECIMPL_API std::ostream&
+SelectorGroup<&__hostGroupTag, HostSelector>::exportXML(std::ostream&) const;
+
+extern template IPSECIMPL_API SelectorGroup<&__protocolGroupTag, ProtocolSelector>::~SelectorGroup();
+extern template IPSECIMPL_API ProtocolGroup SelectorGroup<&__protocolGroupTag, ProtocolSelector>::importXML(XMLParser&);
+extern template IPSECIMPL_API std::ostream&
+SelectorGroup<&__protocolGroupTag, ProtocolSelector>::exportXML(std::ostream&) const;
 
 /// \name Built-in groups
 /// Each function returns its own object, the same one at every call. It is made at the first call, which threads may

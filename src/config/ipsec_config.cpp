@@ -2,34 +2,7 @@
 
 #include "xml/element.h"
 
-#include <utility>
-
 namespace ipsecimpl {
-
-IPsecConfig::IPsecConfig() = default;
-
-IPsecConfig::IPsecConfig(const HostGroups& hosts, const ProtocolGroups& protocols, const Actions& acts,
-                         const Policies& pols)
-    : hostGroups(hosts)
-    , protocolGroups(protocols)
-    , actions(acts)
-    , policies(pols)
-{
-}
-
-IPsecConfig::IPsecConfig(const IPsecConfig&)     = default;
-IPsecConfig::IPsecConfig(IPsecConfig&&) noexcept = default;
-
-IPsecConfig& IPsecConfig::operator=(const IPsecConfig& other)
-{
-    if (this != &other)
-        *this = IPsecConfig(other); // all four copies are made before the first is put in place
-    return *this;
-}
-
-IPsecConfig& IPsecConfig::operator=(IPsecConfig&&) noexcept = default;
-
-IPsecConfig::~IPsecConfig() = default;
 
 IPsecConfig IPsecConfig::importXML(XMLParser& parser)
 {

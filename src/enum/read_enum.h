@@ -1,36 +1,41 @@
 #ifndef IPSECIMPL_ENUM_READ_ENUM_H
 #define IPSECIMPL_ENUM_READ_ENUM_H
 
-#include "xml/element.h"
-
 #include <ipsecimpl/enums.h>
 #include <ipsecimpl/xml.h>
 
-#include <stdexcept>
-#include <string>
 #include <string_view>
 
 namespace ipsecimpl {
 
-/// The enumeration value whose name is the text of the leaf `name`. An unknown one throws `std::invalid_argument`
-/// "to_int".
-template <class E>
-E readEnum(XMLParser& parser, std::string_view name)
-{
-    return E(E::to_int(readText(parser, name)));
-}
+/// A name table, without its type.
+struct NameTable {
+    const char* const* names;
+    int                size;
+};
 
-/// The same, but an unknown text throws the ParseError "`problem` '<text>' for `place`", such as "bad value 'x' for
+template <class E>
+struct NamesOf;
+
+template <int Num, auto Names>
+struct NamesOf<Enum<Num, Names>> {
+    static constexpr NameTable table{*Names, Num};
+};
+
+/// The number of the name `text`. Throws `std::invalid_argument` "to_int" if there is none.
+int numberOf(std::string_view text, const NameTable& table);
+
+/// The number of the leaf `name`, whose text is a name of `table`; any other throws the ParseError "`problem` '<text>'
+/// for `place`".
+int readNumberOf(XMLParser& parser, std::string_view name, const NameTable& table, const char* problem,
+                 const char* place);
+
+/// The value whose name is the text of the leaf `name`. An unknown one throws a ParseError such as "bad value 'x' for
 /// <keyMgr> in <action>".
 template <class E>
 E readEnum(XMLParser& parser, std::string_view name, const char* problem, const char* place)
 {
-    const std::string text = readText(parser, name);
-    try {
-        return E(E::to_int(text));
-    } catch (const std::invalid_argument&) {
-        throw ParseError(problem + (" '" + text) + "' for " + place);
-    }
+    return E(readNumberOf(parser, name, NamesOf<E>::table, problem, place));
 }
 
 } // namespace ipsecimpl

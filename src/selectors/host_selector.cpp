@@ -9,6 +9,7 @@
 #include <array>
 #include <cstddef>
 #include <stdexcept>
+#include <string_view>
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
@@ -41,6 +42,14 @@ int bitsOf(unsigned char byte)
         if (byte == (0xFFU << (8 - bits) & 0xFFU))
             return bits;
     return 0;
+}
+
+/// The value whose name is the text of the leaf `name`. An unknown one leaves here as `std::invalid_argument` "to_int":
+/// the group's reader has the message for it.
+template <class E>
+E readWord(XMLParser& parser, std::string_view name)
+{
+    return E(numberOf(Leaf(parser, name).text(), NamesOf<E>::table));
 }
 
 /// The result of a conversion between mask and length, for the reader.
@@ -145,9 +154,8 @@ HostSelector HostSelector::importXML(XMLParser& parser)
 {
     HostSelector selector;
     openElement(parser, "hostSelector");
-    // An unknown word leaves here as std::invalid_argument: the group's reader has the message for it.
-    selector.family       = readEnum<AddressFamily>(parser, "family");
-    selector.selectorType = readEnum<AddressType>(parser, "selectorType");
+    selector.family       = readWord<AddressFamily>(parser, "family");
+    selector.selectorType = readWord<AddressType>(parser, "selectorType");
     if (selector.selectorType == HOST_SINGLE) {
         selector.addr1  = readText(parser, "addr1");
     } else if (selector.selectorType == HOST_RANGE) {

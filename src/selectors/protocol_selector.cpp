@@ -6,7 +6,8 @@
 #include "xml/element.h"
 #include "xml/number.h"
 
-#include <optional>
+#include <bitset>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -32,7 +33,12 @@ int wildcardLast(unsigned short a, unsigned short b)
     return order(a == 0, b == 0);
 }
 
-/// The children, one after the other. The messages call them attributes.
+/// The children, in the order in which they are written. The messages call them attributes.
+enum Child { PROTOCOL, NAME, DST_PORT, SRC_PORT, DIRECTION, MIRRORED };
+
+const char* const childNames[] = {"protocol", "name", "dstPort", "srcPort", "direction", "mirrored"};
+
+/// Reads the children in any order, each once.
 class Children {
   public:
     explicit Children(XMLParser& parser)
@@ -41,36 +47,62 @@ class Children {
     }
 
     /// Reads the next one, or the end of the element; then there is none.
-    bool next()
-    {
-        if (element_.takeLeaf(tag, text))
-            return true;
-        if (element_.takeEnd())
-            return false;
+    bool next();
 
-        XMLParser& parser = element_.parser();
-        if (!parser.parse_tag(ownTag_)) {
-            parser.parse_end_tag();
-            return false;
-        }
-        if (parser.parse_tag_end() != PARSE_CONTENT)
-            throw ParseError("invalid attributes or closing tag in <" + ownTag_ + ">");
-        if (!parser.parse_data(ownText_))
-            throw ParseError("missing data for <" + ownTag_ + ">");
-        parser.parse_end_tag();
-        tag  = ownTag_;
-        text = ownText_;
-        return true;
-    }
+    Child            child() const { return child_; } ///< which it is
+    std::string_view text() const { return text_; }   ///< its text, not empty
 
-    std::string_view tag;
-    std::string_view text;
+    bool seen(Child child) const { return seen_[child]; }
 
   private:
-    FlatElement element_;
-    std::string ownTag_;
-    std::string ownText_;
+    bool readNext();
+    void identify();
+
+    FlatElement      element_;
+    std::string_view tag_;
+    std::string_view text_;
+    std::string      ownTag_; // what the views show, if it is not in the stream's buffer
+    std::string      ownText_;
+    Child            child_ = PROTOCOL;
+    std::bitset<6>   seen_;
 };
+
+bool Children::next()
+{
+    if (element_.takeLeaf(tag_, text_) || (!element_.takeEnd() && readNext())) {
+        identify();
+        return true;
+    }
+    return false;
+}
+
+/// Reads what is not in the written form.
+bool Children::readNext()
+{
+    XMLParser& parser = element_.parser();
+    if (!parser.parse_tag(ownTag_)) {
+        parser.parse_end_tag();
+        return false;
+    }
+    if (parser.parse_tag_end() != PARSE_CONTENT)
+        throw ParseError("invalid attributes or closing tag in <" + ownTag_ + ">");
+    if (!parser.parse_data(ownText_))
+        throw ParseError("missing data for <" + ownTag_ + ">");
+    parser.parse_end_tag();
+    tag_  = ownTag_;
+    text_ = ownText_;
+    return true;
+}
+
+void Children::identify()
+{
+    for (child_ = PROTOCOL; tag_ != childNames[child_]; child_ = static_cast<Child>(child_ + 1))
+        if (child_ == MIRRORED)
+            throw ParseError("unknown attribute: '" + std::string(tag_) + "'");
+    if (seen_[child_])
+        throw ParseError("attribute '" + std::string(tag_) + "' can only appear once");
+    seen_.set(child_);
+}
 
 /// The number as 32 bits hold it, of which the low 16 are kept.
 unsigned short toNumber(std::string_view text)
@@ -83,13 +115,6 @@ bool toMirrored(std::string_view text)
     if (text != "MIRRORED" && text != "NOTMIRRORED")
         throw ParseError("required attribute 'mirrored' must be MIRRORED or NOTMIRRORED");
     return text == "MIRRORED";
-}
-
-template <class Value>
-void requireOnce(const std::optional<Value>& child, std::string_view tag)
-{
-    if (child)
-        throw ParseError("attribute '" + std::string(tag) + "' can only appear once");
 }
 
 } // namespace
@@ -154,50 +179,42 @@ bool ProtocolSelector::operator==(const ProtocolSelector& other) const
 
 ProtocolSelector ProtocolSelector::importXML(XMLParser& parser)
 {
-    std::optional<unsigned short> protocol;
-    std::optional<std::string>    name;
-    std::optional<unsigned short> dstPort;
-    std::optional<unsigned short> srcPort;
-    std::optional<Direction>      direction;
-    std::optional<bool>           mirrored;
-
-    for (Children children(parser); children.next();) {
-        const std::string_view tag  = children.tag;
-        const std::string_view text = children.text;
-        if (tag == "protocol") {
-            requireOnce(protocol, tag);
-            protocol = toNumber(text);
-        } else if (tag == "name") {
-            requireOnce(name, tag);
-            name.emplace(text);
-        } else if (tag == "dstPort") {
-            requireOnce(dstPort, tag);
-            dstPort = toNumber(text);
-        } else if (tag == "srcPort") {
-            requireOnce(srcPort, tag);
-            srcPort = toNumber(text);
-        } else if (tag == "direction") {
-            requireOnce(direction, tag);
+    ProtocolSelector selector("", 0, 0, 0, PROTO_IN, false);
+    Children         children(parser);
+    while (children.next()) {
+        const std::string_view text = children.text();
+        switch (children.child()) {
+        case PROTOCOL:
+            selector.protocol = toNumber(text);
+            break;
+        case NAME:
+            selector.name = text;
+            break;
+        case DST_PORT:
+            selector.dstPort = toNumber(text);
+            break;
+        case SRC_PORT:
+            selector.srcPort = toNumber(text);
+            break;
+        case DIRECTION:
             // An unknown word leaves here as std::invalid_argument: the group's reader has the message for it.
-            direction = Direction(Direction::to_int(std::string(text)));
-        } else if (tag == "mirrored") {
-            requireOnce(mirrored, tag);
-            mirrored = toMirrored(text);
-        } else {
-            throw ParseError("unknown attribute: '" + std::string(tag) + "'");
+            selector.direction = Direction(numberOf(text, NamesOf<Direction>::table));
+            break;
+        case MIRRORED:
+            selector.mirrored = toMirrored(text);
+            break;
         }
     }
 
-    if (!protocol)
+    if (!children.seen(PROTOCOL))
         throw ParseError("attribute 'protocol' is required");
-    if (*protocol == 0 && (dstPort.value_or(0) != 0 || srcPort.value_or(0) != 0))
+    if (selector.protocol == 0 && (selector.dstPort != 0 || selector.srcPort != 0))
         throw ParseError("nonzero 'srcPort'/'dstProt' requires nonzero 'protocol'"); // misspelt, as it always was
-    if (!direction)
+    if (!children.seen(DIRECTION))
         throw ParseError("attribute 'direction' is required");
-    if (!mirrored)
+    if (!children.seen(MIRRORED))
         throw ParseError("attribute 'mirrored' is required");
-    return ProtocolSelector(std::move(name).value_or(std::string()), *protocol, dstPort.value_or(0),
-                            srcPort.value_or(0), *direction, *mirrored);
+    return selector;
 }
 
 std::ostream& ProtocolSelector::exportXML(std::ostream& os) const

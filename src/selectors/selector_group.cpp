@@ -3,48 +3,9 @@
 #include "xml/element.h"
 
 #include <stdexcept>
-#include <utility>
+#include <string>
 
 namespace ipsecimpl {
-
-template <auto Tag, class Selector>
-SelectorGroup<Tag, Selector>::SelectorGroup() = default;
-
-template <auto Tag, class Selector>
-SelectorGroup<Tag, Selector>::SelectorGroup(std::string ownName, int nameNumber, std::string ownDescr, int descrNumber)
-    : name(std::move(ownName))
-    , builtinName(nameNumber)
-    , descr(std::move(ownDescr))
-    , builtinDescr(descrNumber)
-{
-}
-
-template <auto Tag, class Selector>
-SelectorGroup<Tag, Selector>::SelectorGroup(const SelectorGroup&) = default;
-
-template <auto Tag, class Selector>
-SelectorGroup<Tag, Selector>::SelectorGroup(SelectorGroup&&) noexcept = default;
-
-template <auto Tag, class Selector>
-SelectorGroup<Tag, Selector>& SelectorGroup<Tag, Selector>::operator=(const SelectorGroup& other)
-{
-    if (this != &other)
-        *this = SelectorGroup(other);
-    return *this;
-}
-
-// By swapping: the set's own assignment may assign to selectors that are there, and a protocol selector would keep its
-// name then.
-template <auto Tag, class Selector>
-SelectorGroup<Tag, Selector>& SelectorGroup<Tag, Selector>::operator=(SelectorGroup&& other) noexcept
-{
-    name.swap(other.name);
-    builtinName = other.builtinName;
-    descr.swap(other.descr);
-    builtinDescr = other.builtinDescr;
-    selectors.swap(other.selectors);
-    return *this;
-}
 
 template <auto Tag, class Selector>
 SelectorGroup<Tag, Selector>::~SelectorGroup() = default;
@@ -85,7 +46,12 @@ std::ostream& SelectorGroup<Tag, Selector>::exportXML(std::ostream& os) const
     return closeTag(os, *Tag);
 }
 
-template class SelectorGroup<&__hostGroupTag, HostSelector>;
-template class SelectorGroup<&__protocolGroupTag, ProtocolSelector>;
+template SelectorGroup<&__hostGroupTag, HostSelector>::~SelectorGroup();
+template HostGroup SelectorGroup<&__hostGroupTag, HostSelector>::importXML(XMLParser&);
+template std::ostream& SelectorGroup<&__hostGroupTag, HostSelector>::exportXML(std::ostream&) const;
+
+template SelectorGroup<&__protocolGroupTag, ProtocolSelector>::~SelectorGroup();
+template ProtocolGroup SelectorGroup<&__protocolGroupTag, ProtocolSelector>::importXML(XMLParser&);
+template std::ostream& SelectorGroup<&__protocolGroupTag, ProtocolSelector>::exportXML(std::ostream&) const;
 
 } // namespace ipsecimpl

@@ -1,0 +1,29 @@
+#include "enum/read_enum.h"
+
+#include "xml/element.h"
+
+#include <stdexcept>
+#include <string>
+
+namespace ipsecimpl {
+
+int numberOf(std::string_view text, const NameTable& table)
+{
+    for (int i = 0; i < table.size; ++i)
+        if (table.names[i] == text)
+            return i;
+    throw std::invalid_argument("to_int");
+}
+
+int readNumberOf(XMLParser& parser, std::string_view name, const NameTable& table, const char* problem,
+                 const char* place)
+{
+    const Leaf leaf(parser, name);
+    try {
+        return numberOf(leaf.text(), table);
+    } catch (const std::invalid_argument&) {
+        throw ParseError(problem + (" '" + std::string(leaf.text())) + "' for " + place);
+    }
+}
+
+} // namespace ipsecimpl

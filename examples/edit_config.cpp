@@ -2,21 +2,27 @@
 //
 //     edit_config CONFIG [OUTPUT]
 //
-// The document goes to OUTPUT, or to standard output; what there is to say goes to standard error. Exit status: 0 if
-// all went well, 1 if CONFIG does not load or has no room for what is added, 2 for wrong usage or a file that cannot be
-// read or written.
+// The document goes to OUTPUT, or to standard output; what there is to say goes to standard error, and what was changed
+// once it is stored. Exit status: 0 if all went well, 1 if CONFIG does not load or has no room for what is added, 2 for
+// wrong usage or a file that cannot be read or written.
+//
+// OUTPUT is simply written over. A program whose files hold keys would rather write a new file for its owner alone, and
+// rename it when it is complete.
 
 #include <ipsecimpl/ipsecimpl.h>
 
+#include <cerrno>
+#include <cstring>
 #include <fstream>
 #include <iostream>
+#include <sstream>
 
 using namespace ipsecimpl;
 
 namespace {
 
 // Setters keep the rules: a change that they refuse throws, and the action stays as it was.
-void tryToRenameBuiltIns(Actions& actions)
+void tryToRenameBuiltIns(Actions& actions, std::ostream& report)
 {
     for (auto& [id, action] : actions) {
         if (!action.isBuiltIn())
@@ -24,13 +30,13 @@ void tryToRenameBuiltIns(Actions& actions)
         try {
             action.nameSet("Our " + action.nameGet());
         } catch (const invalid_operation& refusal) {
-            std::cerr << "action " << id << " stays '" << action.nameGet() << "': " << refusal.what() << '\n';
+            report << "action " << id << " stays '" << action.nameGet() << "': " << refusal.what() << '\n';
         }
     }
 }
 
 // Turns on perfect forward secrecy where IKE makes the keys without it.
-void demandForwardSecrecy(Actions& actions)
+void demandForwardSecrecy(Actions& actions, std::ostream& report)
 {
     for (auto& [id, action] : actions) {
         // Only these two have a key manager: keyMgrGet() of another action would throw.
@@ -43,7 +49,7 @@ void demandForwardSecrecy(Actions& actions)
             continue;
         phase2.dhGroup = DH_GROUP_14;
         action.ikePhase2Set(phase2); // this counts as a change
-        std::cerr << "action " << id << " '" << action.nameGet() << "': forward secrecy turned on\n";
+        report << "action " << id << " '" << action.nameGet() << "': forward secrecy turned on\n";
     }
 }
 
@@ -58,7 +64,7 @@ unsigned int findOrAddDiscard(Actions& actions)
 
 // Adds what it takes to drop Telnet from the guests' network. The collections give out the IDs by which a policy names
 // the things that it ties together.
-void dropTelnetFromGuests(IPsecConfig& config)
+void dropTelnetFromGuests(IPsecConfig& config, std::ostream& report)
 {
     HostGroup guests("Guest network", 0, "Wireless network for visitors", 0);
     guests.selectors.insert(HostSelector(HOST_INET, HOST_SUBNET_LENGTH, "192.168.77.0", 24));
@@ -71,35 +77,48 @@ void dropTelnetFromGuests(IPsecConfig& config)
     const unsigned int protocolGroupID = config.protocolGroups.add(telnet);
     const unsigned int policyID =
         config.policies.add(Policy(hostGroupID, protocolGroupID, findOrAddDiscard(config.actions)));
-    std::cerr << "policy " << policyID << " added\n";
+    report << "policy " << policyID << " added\n";
+}
+
+int cannotOpen(const char* fileName)
+{
+    std::cerr << fileName << ": " << std::strerror(errno) << '\n';
+    return 2;
 }
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
+    const char* const usage = "usage: edit_config CONFIG [OUTPUT]\n";
+    if (argc == 2 && std::strcmp(argv[1], "--help") == 0) {
+        std::cout << usage;
+        return 0;
+    }
     if (argc != 2 && argc != 3) {
-        std::cerr << "usage: edit_config CONFIG [OUTPUT]\n";
+        std::cerr << usage;
         return 2;
     }
 
     std::ifstream in(argv[1]);
-    if (!in) {
-        std::cerr << argv[1] << ": cannot be read\n";
-        return 2;
-    }
+    if (!in)
+        return cannotOpen(argv[1]);
 
-    IPsecConfig config;
+    IPsecConfig        config;
+    std::ostringstream report;
     try {
         XMLParser parser(in);
         config = IPsecConfig::importXML(parser); // all or nothing: if this throws, `config` is as it was
 
-        tryToRenameBuiltIns(config.actions);
-        demandForwardSecrecy(config.actions);
-        dropTelnetFromGuests(config);
-    } catch (const ParseError& error) {
+        tryToRenameBuiltIns(config.actions, report);
+        demandForwardSecrecy(config.actions, report);
+        dropTelnetFromGuests(config, report);
+    } catch (const ParseError&) {
         // To the parser a read error is the end of the document; the stream knows better.
-        std::cerr << argv[1] << ": " << (in.bad() ? "cannot be read" : error.what()) << '\n';
+        //
+        // What the exception says is kept back: it quotes what the parser did not expect, and where a tag of a key is
+        // mistyped, that is the key. Show it only to those who may see the document.
+        std::cerr << argv[1] << ": " << (in.bad() ? "cannot be read" : "does not load") << '\n';
         return in.bad() ? 2 : 1;
     } catch (const invalid_operation& error) {
         std::cerr << argv[1] << ": " << error.what() << '\n';
@@ -107,14 +126,18 @@ int main(int argc, char* argv[])
     }
 
     std::ofstream file;
-    if (argc == 3)
+    if (argc == 3) {
         file.open(argv[2]);
+        if (!file)
+            return cannotOpen(argv[2]);
+    }
     std::ostream& out = argc == 3 ? file : std::cout;
 
-    // Storing throws nothing. Whatever goes wrong, from the opening on, shows in the state of the stream.
+    // Storing throws nothing. Whatever goes wrong shows in the state of the stream.
     if (!config.exportXML(out)) {
         std::cerr << (argc == 3 ? argv[2] : "standard output") << ": cannot be written\n";
         return 2;
     }
+    std::cerr << report.str();
     return 0;
 }

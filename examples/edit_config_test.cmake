@@ -42,20 +42,28 @@ expect_edited(stored.xml)
 
 file(WRITE broken.xml "<ipsec>\n<hostGroups>\n</protocolGroups>\n</ipsec>\n")
 expect("a document that does not load" 1
-  "broken.xml: parse_end_tag: begin/end tags don't match\nfrom <hostGroups>\nfrom <ipsec>\n" broken.xml)
+  "broken.xml: does not load\n" broken.xml)
+
+file(READ ${config} broken)
+string(REPLACE "<presharedKey>" "<presharedKey" broken "${broken}")
+file(WRITE broken.xml "${broken}")
+expect("a key that is taken for a tag" 1 "broken.xml: does not load\n" broken.xml)
 
 file(READ ${config} full)
 string(REPLACE "<id>6</id>" "<id>2147483647</id>" full "${full}")
 file(WRITE full.xml "${full}")
-string(REPLACE "policy 9 added" "full.xml: no ID left for hostGroup" said_full "${said}")
-expect("a document without room for another host group" 1 "${said_full}" full.xml)
+expect("a document without room for another host group" 1 "full.xml: no ID left for hostGroup\n" full.xml)
 expect_equal("standard output" "${stored}" "")
 
 set(usage "usage: edit_config CONFIG [OUTPUT]\n")
 expect("no argument" 2 "${usage}")
 expect("too many arguments" 2 "${usage}" ${config} stored.xml again)
 
-expect("a missing file" 2 "missing.xml: cannot be read\n" missing.xml)
+expect("the help" 0 "" --help)
+expect_equal("standard output" "${stored}" "${usage}")
+
+expect("a missing file" 2 "missing.xml: No such file or directory\n" missing.xml)
 expect("a directory" 2 ".: cannot be read\n" .)
-expect("an output in a missing folder" 2 "${said}missing/stored.xml: cannot be written\n" ${config} missing/stored.xml)
-expect("a full disk" 2 "${said}/dev/full: cannot be written\n" ${config} /dev/full)
+# Nothing is said to be done that is not stored.
+expect("an output in a missing folder" 2 "missing/stored.xml: No such file or directory\n" ${config} missing/stored.xml)
+expect("a full disk" 2 "/dev/full: cannot be written\n" ${config} /dev/full)

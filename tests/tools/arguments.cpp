@@ -11,11 +11,18 @@ using testing::HasSubstr;
 
 namespace {
 
-const char HINT[] = "\nRun with --help for more information.";
+/// Wrong usage of `command`, or without one, of the program.
+Outcome misused(const std::string& command, const std::string& message)
+{
+    const std::string prefix = command.empty() ? "" : command + ": ";
+    const std::string name   = command.empty() ? "ipsec-policy" : "ipsec-policy " + command;
+    return troubled(prefix + message + "\nRun '" + name + " --help' for more information.");
+}
 
 TEST(Arguments, VersionIsThatOfTheBuild)
 {
     EXPECT_EQ(run({"--version"}), printed("ipsec-policy " PROGRAM_VERSION "\n"));
+    EXPECT_EQ(run({"-V"}), printed("ipsec-policy " PROGRAM_VERSION "\n"));
 }
 
 TEST(Arguments, HelpListsEveryCommandAndTheExitStatus)
@@ -25,17 +32,18 @@ Usage: ipsec-policy [OPTION ...] COMMAND ...
 
 Options:
   -h,--help             Print this help message and exit
-  --version             Print the version and exit
+  -V,--version          Print the version and exit
 
 Commands:
-  new                   Print a starter configuration.
+  new                   Make a starter configuration.
   show                  Show a configuration as tables, without its keys.
   format                Load a configuration and store it in the written form.
 
 'ipsec-policy COMMAND --help' tells more about a command.
 
-Exit status: 0 if all is well, 1 for a configuration that does not load,
-2 for wrong usage and for what cannot be read or written.
+Exit status: 0 if all is well; 1 for a configuration that does not load, or
+would not once it is written; 2 for wrong usage and for what cannot be read or
+written.
 )"));
 }
 
@@ -50,6 +58,19 @@ Arguments:
 Options:
   -h,--help             Print this help message and exit
   -o,--output OUT       Where to store it; standard output if not given
+
+The written form is the one in which the library stores: a tag or a whole leaf
+on each line, no attributes, no indentation, plain decimal numbers. Formatting
+once more changes nothing.
+
+Nothing can be escaped in this format: a text cannot hold '<', or have white
+space at an end. A configuration that would not load as the same once written
+is refused with exit status 1, just like one that does not load at all.
+
+OUT may be FILE. It is replaced in one step, or left as it was. Its mode, owner
+and group are kept, and symbolic links are followed; other hard links keep the
+old content, and a read-only file is replaced too if its folder can be written.
+A new OUT is for its owner alone (mode 0600), because it may hold keys.
 
 Examples:
   ipsec-policy format policy.xml
@@ -75,6 +96,7 @@ INSTANTIATE_TEST_SUITE_P(Arguments, EveryCommand, testing::Values("new", "show",
 
 struct WrongUsage {
     std::vector<std::string> arguments;
+    std::string              command;
     std::string              message;
 };
 
@@ -87,21 +109,27 @@ class Usage : public testing::TestWithParam<WrongUsage> {};
 
 TEST_P(Usage, IsRefusedWithAHint)
 {
-    EXPECT_EQ(run(GetParam().arguments), troubled(GetParam().message + HINT));
+    EXPECT_EQ(run(GetParam().arguments), misused(GetParam().command, GetParam().message));
 }
 
 // clang-format off
 const WrongUsage WRONG_USAGES[] = {
-    {{},                                   "a command is required"},
-    {{"sho"},                              "expected a command, got 'sho'"},
-    {{"--show-keys"},                      "expected a command, got '--show-keys'"},
-    {{"new", "x"},                         "The following argument was not expected: x"},
-    {{"show"},                             "FILE is required"},
-    {{"show", "a", "b"},                   "The following argument was not expected: b"},
-    {{"show", "--keys", "a"},              "The following argument was not expected: --keys"},
-    {{"format"},                           "FILE is required"},
-    {{"format", "a", "-o"},                "--output: 1 required OUT missing"},
-    {{"format", "a", "b\x1b[31m\n"},       "The following argument was not expected: b\\x1b[31m\\n"},
+    {{},                                   "", "a command is required\nUsage: ipsec-policy [OPTION ...] COMMAND ..."},
+    {{"sho"},                              "", "unknown command 'sho'"},
+    {{""},                                 "", "unknown command ''"},
+    {{"-"},                                "", "unknown command '-'"},
+    {{"x", "show", "a"},                   "", "unknown command 'x'"},
+    {{"--show-keys"},                      "", "unknown option '--show-keys'"},
+    {{"--show-keys", "show", "a"},         "", "unknown option '--show-keys'"},
+    {{"new", "x"},                         "new",    "unexpected argument 'x'"},
+    {{"show"},                             "show",   "FILE is required"},
+    {{"show", "a", "b"},                   "show",   "unexpected argument 'b'"},
+    {{"show", "--keys", "a"},              "show",   "unknown option '--keys'"},
+    {{"show", "--show-keys=x", "a"},       "show",   "wrong use of option '--show-keys'"},
+    {{"format"},                           "format", "FILE is required"},
+    {{"format", "a", "-o"},                "format", "wrong use of option '--output'"},
+    {{"format", "a", "-o", "b", "-o", "c"},"format", "wrong use of option '--output'"},
+    {{"format", "a", "b\x1b[31m\n"},       "format", "unexpected argument 'b\\x1b[31m\\n'"},
 };
 // clang-format on
 

@@ -5,7 +5,8 @@
 #include <filesystem>
 #include <string>
 
-#include <sys/resource.h>
+#include <linux/capability.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -17,20 +18,6 @@ const std::string WRITTEN = "<ipsec>\n<hostGroups>\n<nexthostGroup>1</nexthostGr
                             "<protocolGroups>\n<nextprotocolGroup>1</nextprotocolGroup>\n</protocolGroups>\n"
                             "<actions>\n<nextaction>1</nextaction>\n</actions>\n"
                             "<policies>\n<nextpolicy>1</nextpolicy>\n</policies>\n</ipsec>\n";
-
-mode_t modeOf(const std::string& fileName)
-{
-    struct stat status = {};
-    EXPECT_EQ(stat(fileName.c_str(), &status), 0);
-    return status.st_mode & 07777U;
-}
-
-/// Less than the document takes, but enough for the message about it: standard error is a file too.
-void limitFileSize()
-{
-    const rlimit limit = {100, 100};
-    setrlimit(RLIMIT_FSIZE, &limit);
-}
 
 class FormatOutput : public InFolder {
   protected:
@@ -68,6 +55,40 @@ TEST_F(FormatOutput, KeepsTheOwnerOfTheFile)
     EXPECT_EQ(status.st_gid, 23456U);
 }
 
+TEST_F(FormatOutput, IsLeftAloneWhenItsOwnerCannotBeKept)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can have a file of somebody else's replaced";
+    writeFile("out.xml", "old");
+    ASSERT_EQ(chown("out.xml", 12345, 23456), 0);
+    const auto mayNotGiveFilesAway = [] {
+        if (prctl(PR_CAPBSET_DROP, CAP_CHOWN, 0, 0, 0) != 0)
+            _exit(126);
+    };
+    EXPECT_EQ(run({"format", "in.xml", "-o", "out.xml"}, "", mayNotGiveFilesAway),
+              troubled("out.xml: its owner and group cannot be kept: Operation not permitted"));
+    EXPECT_EQ(contentOf("out.xml"), "old");
+    EXPECT_THAT(fileNames(), ElementsAre("in.xml", "out.xml"));
+}
+
+TEST_F(FormatOutput, SeversHardLinks)
+{
+    writeFile("out.xml", "old");
+    std::filesystem::create_hard_link("out.xml", "other.xml");
+    EXPECT_EQ(run({"format", "in.xml", "-o", "out.xml"}), printed(""));
+    EXPECT_EQ(contentOf("out.xml"), WRITTEN);
+    EXPECT_EQ(contentOf("other.xml"), "old");
+}
+
+TEST_F(FormatOutput, ReplacesAFileThatIsReadOnly)
+{
+    writeFile("out.xml", "old");
+    ASSERT_EQ(chmod("out.xml", 0400), 0);
+    EXPECT_EQ(run({"format", "in.xml", "-o", "out.xml"}), printed(""));
+    EXPECT_EQ(contentOf("out.xml"), WRITTEN);
+    EXPECT_EQ(modeOf("out.xml"), 0400U);
+}
+
 TEST_F(FormatOutput, MayBeTheInput)
 {
     EXPECT_EQ(run({"format", "in.xml", "-o", "in.xml"}), printed(""));
@@ -101,7 +122,9 @@ TEST_F(FormatOutput, FollowsASymbolicLink)
 TEST_F(FormatOutput, LeavesALinkToNowhereAsItIs)
 {
     std::filesystem::create_symlink("nowhere", "out.xml");
-    EXPECT_EQ(run({"format", "in.xml", "-o", "out.xml"}), troubled("out.xml: No such file or directory"));
+    EXPECT_EQ(run({"format", "in.xml", "-o", "out.xml"}),
+              troubled("out.xml: the file that this link points to: No such file or directory"));
+    EXPECT_TRUE(std::filesystem::is_symlink("out.xml"));
     EXPECT_THAT(fileNames(), ElementsAre("in.xml", "out.xml"));
 }
 
@@ -150,7 +173,7 @@ TEST_F(FormatOutput, CannotBeAFolderOrInOneThatIsMissing)
     std::filesystem::create_directory("folder");
     EXPECT_EQ(run({"format", "in.xml", "-o", "folder"}), troubled("folder: Is a directory"));
     EXPECT_EQ(run({"format", "in.xml", "-o", "none/out.xml"}), troubled("none/out.xml: No such file or directory"));
-    EXPECT_EQ(run({"format", "in.xml", "-o", ""}), troubled(": No such file or directory"));
+    EXPECT_EQ(run({"format", "in.xml", "-o", ""}), troubled("'': No such file or directory"));
     EXPECT_THAT(fileNames(), ElementsAre("folder", "in.xml"));
     EXPECT_TRUE(std::filesystem::is_empty("folder"));
 }

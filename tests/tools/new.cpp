@@ -6,7 +6,10 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
 #include <string>
+
+#include <sys/stat.h>
 
 using namespace ipsecimpl;
 using testing::ElementsAre;
@@ -100,6 +103,50 @@ TEST(New, MarksWhatTheOperatorHasToChange)
     EXPECT_THAT(config.actions.at(3).ikePhase1Get().peerTrustGet(), HasSubstr("CHANGE-ME"));
     EXPECT_THAT(config.actions.at(4).descrGet(), HasSubstr("CHANGE ME"));
     EXPECT_THAT(config.actions.at(4).ikePhase1Get().presharedKeyGet(), HasSubstr("CHANGE ME"));
+}
+
+class NewOutput : public InFolder {};
+
+TEST_F(NewOutput, GoesToANewFileForItsOwnerAlone)
+{
+    EXPECT_EQ(run({"new", "-o", "policy.xml"}, "", [] { umask(0); }), printed(""));
+    EXPECT_EQ(contentOf("policy.xml"), run({"new"}).out);
+    EXPECT_EQ(modeOf("policy.xml"), 0600U);
+    EXPECT_THAT(fileNames(), ElementsAre("policy.xml"));
+}
+
+TEST_F(NewOutput, MayBeStandardOutput)
+{
+    EXPECT_EQ(run({"new", "--output", "-"}), run({"new"}));
+    EXPECT_THAT(fileNames(), ElementsAre());
+}
+
+TEST_F(NewOutput, NeverOverwritesWhatExists)
+{
+    writeFile("policy.xml", "old");
+    EXPECT_EQ(run({"new", "-o", "policy.xml"}), troubled("policy.xml: File exists"));
+    EXPECT_EQ(contentOf("policy.xml"), "old");
+    EXPECT_THAT(fileNames(), ElementsAre("policy.xml"));
+}
+
+TEST_F(NewOutput, DoesNotFollowASymbolicLink)
+{
+    std::filesystem::create_symlink("nowhere", "policy.xml");
+    EXPECT_EQ(run({"new", "-o", "policy.xml"}), troubled("policy.xml: File exists"));
+    EXPECT_THAT(fileNames(), ElementsAre("policy.xml"));
+}
+
+TEST_F(NewOutput, IsNotBegunWhenWritingFailsPartWay)
+{
+    EXPECT_EQ(run({"new", "-o", "policy.xml"}, "", limitFileSize), troubled("policy.xml: File too large"));
+    EXPECT_THAT(fileNames(), ElementsAre());
+}
+
+TEST_F(NewOutput, CannotBeInAFolderThatIsMissing)
+{
+    EXPECT_EQ(run({"new", "-o", "none/policy.xml"}), troubled("none/policy.xml: No such file or directory"));
+    EXPECT_EQ(run({"new", "-o", ""}), troubled("'': No such file or directory"));
+    EXPECT_THAT(fileNames(), ElementsAre());
 }
 
 } // namespace

@@ -15,6 +15,12 @@ namespace {
 
 const std::size_t PIECE = 4;
 
+#ifdef SANITIZED
+const std::size_t STEP = 7; // such a program takes ten times as long to start
+#else
+const std::size_t STEP = 1;
+#endif
+
 // Among them texts that look like names and like pieces of messages.
 const std::vector<std::string> KEYS = {"Kq7Zv9Wx",    "J8'w\"Hd2Ru", "Tb5 Yc3 Ng1",
                                        "-Pm6.Qs4:Vf", "'X0k' for <", "'value' zU9e-Lt2j"};
@@ -55,13 +61,13 @@ std::string withManualKeys()
                                      valueLeaf("outboundAuthKey", KEYS[5], '"') + "</manualKey>")));
 }
 
-/// What the program prints of a document where no key belongs on the screen: all but what `format` stores.
+/// What the program prints of a document where no key belongs on the screen: all but what `format` stores. A document
+/// that does not load is refused in the same words by both commands, so that one of them tells.
 std::string everythingSaid(const std::string& text)
 {
-    const Outcome shown     = run({"show", "-"}, text);
-    const Outcome formatted = run({"format", "-"}, text);
+    const Outcome shown = run({"show", "-"}, text);
     EXPECT_GE(shown.status, 0);
-    return shown.out + shown.err + formatted.err;
+    return shown.out + shown.err + (shown.status == 0 ? run({"format", "-"}, text).err : "");
 }
 
 /// The pieces of all keys that `text` holds and that messages about a document without keys do not.
@@ -100,7 +106,7 @@ class PlantedKeys : public testing::TestWithParam<Damage> {
     static void expectSilence(const std::string& original)
     {
         ASSERT_EQ(run({"show", "-"}, original).status, 0) << "it does load before the damage";
-        for (std::size_t at = 0; at < original.size(); ++at) {
+        for (std::size_t at = 0; at < original.size(); at += STEP) {
             const std::string text = GetParam().apply(original, at);
             ASSERT_THAT(piecesOfKeysIn(everythingSaid(text)), testing::IsEmpty()) << text;
         }
@@ -145,13 +151,12 @@ TEST_P(MisplacedKey, StaysHidden)
     EXPECT_THAT(piecesOfKeysIn(everythingSaid(GetParam())), testing::IsEmpty()) << everythingSaid(GetParam());
 }
 
-std::string withAuthType(const std::string& text)
+std::string withAuthType(const std::string& element)
 {
-    return document("", "",
-                    entry("action", 1,
-                          action("p", "",
-                                 "<spdAction>TRANSPORT</spdAction><keyMgr>IKE</keyMgr><ikePhase1>" +
-                                     leaf("authType", text))));
+    return document(
+        "", "",
+        entry("action", 1,
+              action("p", "", "<spdAction>TRANSPORT</spdAction><keyMgr>IKE</keyMgr><ikePhase1>" + element)));
 }
 
 // clang-format off
@@ -172,20 +177,23 @@ const std::string MISPLACED_KEYS[] = {
     document("", entry("protocolGroup", 1, group("protocolGroup", "g", "",
                                                  "<protocolSelector>" + leaf(KEYS[0], "x")))),
     // As the text of a neighbour, which messages quote as it stands.
-    withAuthType(KEYS[0]),
-    withAuthType(KEYS[1]),
-    withAuthType(KEYS[4]),
-    withAuthType(KEYS[5]),
-    withAuthType("authType'" + KEYS[0]),
-    withAuthType(KEYS[0] + "\nfrom <ipsec>"),
-    withAuthType("x\nfrom <" + KEYS[0] + ">\nfrom <ipsec>"),
-    withAuthType("x\nfrom <ipsec>\n" + KEYS[0]),
-    withAuthType("x'\nfrom <ipsec>\n" + KEYS[0]),
+    withAuthType(leaf("authType", KEYS[0])),
+    withAuthType(leaf("authType", KEYS[1])),
+    withAuthType(leaf("authType", KEYS[4])),
+    withAuthType(leaf("authType", KEYS[5])),
+    withAuthType(leaf("authType", "authType'" + KEYS[0])),
+    withAuthType(leaf("authType", KEYS[0] + "\nfrom <ipsec>")),
+    withAuthType(leaf("authType", "x\nfrom <" + KEYS[0] + ">\nfrom <ipsec>")),
+    withAuthType(leaf("authType", "x\nfrom <ipsec>\n" + KEYS[0])),
+    withAuthType(leaf("authType", "x'\nfrom <ipsec>\n" + KEYS[0])),
+    withAuthType(valueLeaf("authType", "x\nfrom <" + KEYS[0], '"')),
+    withAuthType(valueLeaf("authType", "x' <" + KEYS[0] + "> '" + KEYS[0], '"')),
+    withAuthType(valueLeaf("authType", "'x'<" + KEYS[0], '"')),
     // And where a NUL cuts the message.
-    withAuthType(KEYS[0] + std::string(1, '\0')),
-    withAuthType("x' " + KEYS[0] + std::string(1, '\0')),
-    withAuthType("x' for <authType> " + KEYS[0] + std::string(1, '\0')),
-    withAuthType("x\nfrom <" + KEYS[0] + ">" + std::string(1, '\0')),
+    withAuthType(leaf("authType", KEYS[0] + std::string(1, '\0'))),
+    withAuthType(leaf("authType", "x' " + KEYS[0] + std::string(1, '\0'))),
+    withAuthType(leaf("authType", "x' for <authType> " + KEYS[0] + std::string(1, '\0'))),
+    withAuthType(leaf("authType", "x\nfrom <" + KEYS[0] + ">" + std::string(1, '\0'))),
 };
 // clang-format on
 

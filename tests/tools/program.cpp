@@ -14,6 +14,8 @@
 #include <system_error>
 
 #include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -158,6 +160,19 @@ void writeFile(const std::string& fileName, const std::string& content)
     out << content << std::flush;
     if (!out)
         throw std::runtime_error("cannot write " + fileName);
+}
+
+mode_t modeOf(const std::string& fileName)
+{
+    struct stat status = {};
+    require(stat(fileName.c_str(), &status) == 0, "stat");
+    return status.st_mode & 07777U;
+}
+
+void limitFileSize()
+{
+    const rlimit limit = {100, 100};
+    require(setrlimit(RLIMIT_FSIZE, &limit) == 0, "setrlimit");
 }
 
 std::string document(const std::string& hostGroups, const std::string& protocolGroups, const std::string& actions,

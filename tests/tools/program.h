@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+#include <sys/types.h>
+
 /// What became of a run.
 struct Outcome {
     int         status; ///< exit status, or minus the number of the signal that ended the program
@@ -60,6 +62,10 @@ class InFolder : public ::testing::Test {
 
 std::string contentOf(const std::string& fileName);
 void        writeFile(const std::string& fileName, const std::string& content);
+mode_t      modeOf(const std::string& fileName); ///< the permissions alone
+
+/// Limits files to less than a document takes, but enough for the message about it: standard error is a file too.
+void limitFileSize();
 
 /// A document with these entries, which are given without their collections' elements.
 std::string document(const std::string& hostGroups = "", const std::string& protocolGroups = "",

@@ -187,6 +187,21 @@ ID  NAME  ACTION
 )");
 }
 
+TEST(Show, EmptyCredentialsAreMarked)
+{
+    const Outcome outcome =
+        run({"show", "-"},
+            document("", "",
+                     entry("action", 1,
+                           action("t", "",
+                                  "<spdAction>TRANSPORT</spdAction><keyMgr>IKE</keyMgr><ikePhase1><authType>RSA"
+                                  "</authType><localCert/><peerTrust/><proposal><dhGroup>G14</dhGroup><keyLifetime>8"
+                                  "</keyLifetime><keyLifetimeUnits>HRS</keyLifetimeUnits></proposal></ikePhase1>"
+                                  "<ikePhase2><dhGroup>NONE</dhGroup><keyLifetime>1</keyLifetime><keyLifetimeUnits>"
+                                  "SECS</keyLifetimeUnits></ikePhase2>"))));
+    EXPECT_THAT(outcome.out, HasSubstr("            certificate: (empty)\n            peer trusted by: (empty)\n"));
+}
+
 TEST(Show, LongTextsAreWrappedAndNothingIsCut)
 {
     const std::string name = "A group whose name goes on and on until it reaches the very end of its long line";

@@ -41,7 +41,9 @@ const Sample SAMPLES[] = {
     {"bell\a.\x7f.",                "bell\\x07.\\x7f."},
     {"C1 \xc2\x9b" "31m",           "C1 \\u{9b}31m"},
     {"raw \x9b" "31m",              "raw \\x9b31m"},
-    {"a back\\slash",               "a back\\slash"},
+    // Else it could be taken for an escape.
+    {"a back\\slash",               "a back\\\\slash"},
+    {"a \\n and a \n.",             "a \\\\n and a \\n."},
     // Well-formed UTF-8 is shown, unless it hides or turns around what stands beside it.
     {"Z\xc3\xbcrich",               "Z\xc3\xbcrich"},
     {"\xd0\x9c\xd0\xbe\xd1\x81\xd0\xba\xd0\xb2\xd0\xb0", "\xd0\x9c\xd0\xbe\xd1\x81\xd0\xba\xd0\xb2\xd0\xb0"},

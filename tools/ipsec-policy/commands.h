@@ -15,6 +15,7 @@ class App;
 struct Command {
     const char* name;
     const char* summary;
+    const char* details;  ///< for the help: what there is to know beyond the arguments, lines of 80 columns
     const char* examples; ///< for the help, one on a line
 
     /// Adds the command's arguments to `arguments` and returns what is to be done once these are read. That throws a

@@ -60,6 +60,11 @@ std::string directionName(const Direction& direction)
     return direction == PROTO_OUT ? "out" : "in/out";
 }
 
+std::string orEmpty(const std::string& text)
+{
+    return text.empty() ? "(empty)" : text;
+}
+
 std::string shownKey(const std::string& key, bool showKeys)
 {
     if (key.empty())
@@ -96,8 +101,8 @@ void describe(const IKEPhase1& phase1, bool showKeys, std::vector<std::string>& 
     if (phase1.authTypeGet() == IKE_AUTH_PSK) {
         lines.push_back("  pre-shared key " + shownKey(phase1.presharedKeyGet(), showKeys));
     } else {
-        lines.push_back("  certificate: " + phase1.localCertGet());
-        lines.push_back("  peer trusted by: " + phase1.peerTrustGet());
+        lines.push_back("  certificate: " + orEmpty(phase1.localCertGet()));
+        lines.push_back("  peer trusted by: " + orEmpty(phase1.peerTrustGet()));
     }
 }
 
@@ -155,7 +160,7 @@ std::vector<std::string> describe(const IPsecAction& action, bool showKeys)
     const SPDAction&         spdAction = action.spdActionGet();
     std::vector<std::string> lines     = {word(spdAction)};
     if (spdAction == SPD_TUNNEL)
-        lines.front() += " to " + (action.tunnelEndpointGet().empty() ? "(empty)" : action.tunnelEndpointGet());
+        lines.front() += " to " + orEmpty(action.tunnelEndpointGet());
     if (!action.descrGet().empty())
         lines.push_back('"' + action.descrGet() + '"');
     if (spdAction != SPD_TUNNEL && spdAction != SPD_TRANSPORT)

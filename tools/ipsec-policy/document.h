@@ -10,8 +10,8 @@ extern const char DOCUMENT_HELP[];
 
 /// The configuration in the file, or on standard input for "-".
 ///
-/// Throws a Failure for a file that cannot be read and for a document that does not load, whose message has the
-/// parser's context. One document is expected: what follows it is a Failure too, or it would get lost unnoticed.
+/// Throws a Failure for a file that cannot be read and for a document that does not load; its message is as
+/// loadMessage() tells. One document is expected: what follows it is a Failure too, or it would get lost unnoticed.
 ipsecimpl::IPsecConfig loadDocument(const std::string& fileName);
 
 /// The document in the written form.

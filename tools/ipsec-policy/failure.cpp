@@ -6,5 +6,6 @@
 
 Failure systemFailure(const std::string& fileName, int error)
 {
-    return Failure(ExitStatus::TROUBLE, printable(fileName) + ": " + std::generic_category().message(error));
+    const std::string shown = fileName.empty() ? "''" : printable(fileName);
+    return Failure(ExitStatus::TROUBLE, shown + ": " + std::generic_category().message(error));
 }

@@ -20,9 +20,12 @@ void writeAll(int descriptor, std::string_view text, const std::string& fileName
 /// Writes all of `text` to standard output and closes it: some file systems report only then that they failed.
 void writeStandardOutput(std::string_view text);
 
+/// Puts `text` into a new file for its owner alone, whole or not at all. What exists by that name is left alone.
+void createFile(const std::string& fileName, std::string_view text);
+
 /// Puts `text` into the file, whole or not at all: it is written to a temporary file beside it that then takes its
 /// place, with the mode and the owner that the file had, or for its owner alone if it is new. Symbolic links are
-/// followed. What is no regular file, such as a device, is written to as it stands.
+/// followed, but not to nowhere. What is no regular file, such as a device, is written to as it stands.
 void replaceFile(const std::string& fileName, std::string_view text);
 
 #endif

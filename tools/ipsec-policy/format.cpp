@@ -38,6 +38,16 @@ std::function<void()> declare(CLI::App& arguments)
 const Command FORMAT_COMMAND = {
     "format",
     "Load a configuration and store it in the written form",
+    "The written form is the one in which the library stores: a tag or a whole leaf\n"
+    "on each line, no attributes, no indentation, plain decimal numbers. Formatting\n"
+    "once more changes nothing.\n\n"
+    "Nothing can be escaped in this format: a text cannot hold '<', or have white\n"
+    "space at an end. A configuration that would not load as the same once written\n"
+    "is refused with exit status 1, just like one that does not load at all.\n\n"
+    "OUT may be FILE. It is replaced in one step, or left as it was. Its mode, owner\n"
+    "and group are kept, and symbolic links are followed; other hard links keep the\n"
+    "old content, and a read-only file is replaced too if its folder can be written.\n"
+    "A new OUT is for its owner alone (mode 0600), because it may hold keys.",
     "ipsec-policy format policy.xml\n"
     "ipsec-policy format policy.xml -o policy.xml",
     declare,

@@ -62,12 +62,35 @@ void declareLooks(CLI::App& app)
     app.get_formatter()->label("OPTIONS", "OPTION ...");
 }
 
-std::string usageMessage(const CLI::App& app, const CLI::Error& error)
+/// What is wrong with the arguments of `command`, which may be the program itself.
+std::string usageMessage(const CLI::App& command, const CLI::Error& error)
 {
-    if (!app.get_subcommands().empty())
-        return error.what();
-    const std::vector<std::string> others = app.remaining();
-    return others.empty() ? "a command is required" : "expected a command, got '" + others.front() + "'";
+    const bool isProgram = command.get_parent() == nullptr;
+    if (const std::vector<std::string> others = command.remaining(); !others.empty()) {
+        const std::string& other    = others.front();
+        const bool         isOption = other.size() > 1 && other.front() == '-';
+        const char* const  what = isOption ? "unknown option" : isProgram ? "unknown command" : "unexpected argument";
+        return what + (" '" + printable(other)) + "'";
+    }
+    if (isProgram)
+        return "a command is required\nUsage: ipsec-policy [OPTION ...] COMMAND ...";
+    const std::string message = error.what();
+    if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr)
+        return message;
+    // The others begin with the option that they are about, some with its dashes.
+    const std::string_view option = std::string_view(message).substr(message.find_first_not_of('-'));
+    return "wrong use of option '--" + printable(option.substr(0, option.find_first_of(": "))) + "'";
+}
+
+Failure usageFailure(const CLI::App& app, const CLI::Error& error)
+{
+    const std::vector<CLI::App*> chosen = app.get_subcommands();
+    if (chosen.empty() || !app.remaining().empty())
+        return Failure(ExitStatus::TROUBLE,
+                       usageMessage(app, error) + "\nRun 'ipsec-policy --help' for more information.");
+    const std::string command = chosen.front()->get_name();
+    return Failure(ExitStatus::TROUBLE, command + ": " + usageMessage(*chosen.front(), error) + "\nRun 'ipsec-policy " +
+                                            command + " --help' for more information.");
 }
 
 /// Runs the command that the arguments ask for. Throws a Failure, or std::bad_alloc.
@@ -75,17 +98,18 @@ void run(int argc, const char* const* argv)
 {
     CLI::App app("Manages IPsec security-policy configurations.", PROGRAM);
     declareLooks(app);
-    app.set_version_flag("--version", std::string(PROGRAM) + ' ' + ipsecimpl::VERSION, "Print the version and exit");
+    app.set_version_flag("-V,--version", std::string(PROGRAM) + ' ' + ipsecimpl::VERSION, "Print the version and exit");
     app.require_subcommand(1);
     app.footer("'ipsec-policy COMMAND --help' tells more about a command.\n\n"
-               "Exit status: 0 if all is well, 1 for a configuration that does not load,\n"
-               "2 for wrong usage and for what cannot be read or written.");
+               "Exit status: 0 if all is well; 1 for a configuration that does not load, or\n"
+               "would not once it is written; 2 for wrong usage and for what cannot be read or\n"
+               "written.");
 
     std::function<void()> chosen;
     for (const Command* command : allCommands()) {
         CLI::App* arguments = app.add_subcommand(command->name, command->summary + std::string("."));
         arguments->group("Commands");
-        arguments->footer("Examples:\n" + indented(command->examples));
+        arguments->footer(command->details + std::string("\n\nExamples:\n") + indented(command->examples));
         arguments->final_callback([&chosen, action = command->declare(*arguments)] { chosen = action; });
     }
 
@@ -97,8 +121,7 @@ void run(int argc, const char* const* argv)
         writeStandardOutput(answer.str());
         return;
     } catch (const CLI::Error& error) {
-        throw Failure(ExitStatus::TROUBLE,
-                      printable(usageMessage(app, error)) + "\nRun with --help for more information.");
+        throw usageFailure(app, error);
     }
     chosen();
 }

@@ -6,6 +6,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <memory>
 #include <string>
 
 using namespace ipsecimpl;
@@ -91,19 +92,31 @@ IPsecConfig starter()
     return config;
 }
 
-std::function<void()> declare(CLI::App& /*arguments*/)
+void create(const std::string& output)
 {
-    return [] {
-        IPsecConfig config = starter();
-        writeStandardOutput(storeDocument(config, "the starter configuration"));
-    };
+    IPsecConfig       config = starter();
+    const std::string text   = storeDocument(config, "the starter configuration");
+    if (isStandardStream(output))
+        writeStandardOutput(text);
+    else
+        createFile(output, text);
+}
+
+std::function<void()> declare(CLI::App& arguments)
+{
+    const auto output = std::make_shared<std::string>("-");
+    arguments.add_option("-o,--output", *output, "The file to make; standard output if not given")->type_name("OUT");
+    return [output] { create(*output); };
 }
 
 } // namespace
 
 const Command NEW_COMMAND = {
     "new",
-    "Print a starter configuration",
-    "ipsec-policy new > policy.xml        # then look for CHANGE ME in it",
+    "Make a starter configuration",
+    "OUT is made for its owner alone (mode 0600), because it will hold keys; a file\n"
+    "that exists is never overwritten. What a redirect ('new > policy.xml') makes can\n"
+    "be read by others, unless the umask forbids it.",
+    "ipsec-policy new -o policy.xml       # then look for CHANGE ME in it",
     declare,
 };

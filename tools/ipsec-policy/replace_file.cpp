@@ -20,7 +20,7 @@ void require(bool succeeded, const std::string& fileName)
         throw systemFailure(fileName, errno);
 }
 
-/// A file that is removed again unless it was renamed.
+/// A file whose name goes again, unless it was renamed.
 class TemporaryFile {
   public:
     /// Creates it in `folder`, open for writing, for its owner alone.
@@ -39,8 +39,23 @@ class TemporaryFile {
             unlink(path_.c_str());
     }
 
-    Descriptor& file() { return file_; }
+    int descriptor() const { return file_.number(); }
 
+    /// Writes all of the file, so that it lasts, and closes it.
+    void write(std::string_view text, const std::string& fileName)
+    {
+        writeAll(file_.number(), text, fileName);
+        require(fsync(file_.number()) == 0, fileName);
+        file_.close(fileName);
+    }
+
+    /// Gives the file the name `target`, unless there is something of that name.
+    void link(const std::string& target, const std::string& fileName)
+    {
+        require(::link(path_.c_str(), target.c_str()) == 0, fileName);
+    }
+
+    /// Gives the file the name `target` in place of what has it.
     void rename(const std::string& target, const std::string& fileName)
     {
         require(::rename(path_.c_str(), target.c_str()) == 0, fileName);
@@ -61,6 +76,8 @@ std::string resolved(const std::string& fileName)
         return fileName;
 
     const std::unique_ptr<char, void (*)(void*)> path(realpath(fileName.c_str(), nullptr), std::free);
+    if (path == nullptr && errno == ENOENT)
+        throw systemFailure(fileName + ": the file that this link points to", ENOENT);
     require(path != nullptr, fileName);
     return path.get();
 }
@@ -73,7 +90,7 @@ std::string folderOf(const std::string& path)
     return path.substr(0, slash + 1); // with the slash, for the root folder's sake
 }
 
-/// Makes the renaming last. File systems that cannot sync a folder need not.
+/// Makes a new name last. File systems that cannot sync a folder need not.
 void syncFolder(const std::string& folder, const std::string& fileName)
 {
     const Descriptor open_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC), fileName);
@@ -89,6 +106,15 @@ void writeDevice(const std::string& fileName, std::string_view text)
 
 } // namespace
 
+void createFile(const std::string& fileName, std::string_view text)
+{
+    const std::string folder = folderOf(fileName);
+    TemporaryFile     temporary(folder, fileName);
+    temporary.write(text, fileName);
+    temporary.link(fileName, fileName);
+    syncFolder(folder, fileName);
+}
+
 void replaceFile(const std::string& fileName, std::string_view text)
 {
     struct stat old    = {};
@@ -102,19 +128,17 @@ void replaceFile(const std::string& fileName, std::string_view text)
     const std::string path   = resolved(fileName);
     const std::string folder = folderOf(path);
     TemporaryFile     temporary(folder, fileName);
-    const int         descriptor = temporary.file().number();
 
     // The owner goes first: changing it takes special bits from the mode, and until then nobody else can read the file.
     struct stat fresh = {};
-    require(fstat(descriptor, &fresh) == 0, fileName);
+    require(fstat(temporary.descriptor(), &fresh) == 0, fileName);
     if (exists && (old.st_uid != fresh.st_uid || old.st_gid != fresh.st_gid))
-        require(fchown(descriptor, old.st_uid, old.st_gid) == 0, fileName);
+        require(fchown(temporary.descriptor(), old.st_uid, old.st_gid) == 0,
+                fileName + ": its owner and group cannot be kept");
     if (exists)
-        require(fchmod(descriptor, old.st_mode & 07777U) == 0, fileName);
+        require(fchmod(temporary.descriptor(), old.st_mode & 07777U) == 0, fileName);
 
-    writeAll(descriptor, text, fileName);
-    require(fsync(descriptor) == 0, fileName);
-    temporary.file().close(fileName);
+    temporary.write(text, fileName);
     temporary.rename(path, fileName);
     syncFolder(folder, fileName);
 }

@@ -119,7 +119,8 @@ std::function<void()> declare(CLI::App& arguments)
 {
     const auto options = std::make_shared<Options>();
     arguments.add_option("FILE", options->file, DOCUMENT_HELP)->required()->type_name("");
-    arguments.add_flag("--show-keys", options->showKeys, "Show keys, pre-shared keys and IVs too");
+    arguments.add_flag("--show-keys", options->showKeys, "Show keys, pre-shared keys and IVs too")
+        ->disable_flag_override();
     return [options] { show(*options); };
 }
 
@@ -128,6 +129,10 @@ std::function<void()> declare(CLI::App& arguments)
 const Command SHOW_COMMAND = {
     "show",
     "Show a configuration as tables, without its keys",
+    "Lines are 80 columns wide at most: longer texts are wrapped, never cut. What a\n"
+    "terminal would obey instead of show is escaped (\\n, \\x1b, \\u{202e}; \\\\ is a\n"
+    "backslash). Messages about a document never quote its texts, as these could be\n"
+    "keys.",
     "ipsec-policy show policy.xml\n"
     "ipsec-policy new | ipsec-policy show -",
     declare,

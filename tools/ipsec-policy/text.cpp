@@ -87,6 +87,8 @@ std::string formatted(const char* format, unsigned long number)
 std::string escape(const Character& c)
 {
     switch (c.code) {
+    case '\\':
+        return "\\\\";
     case '\t':
         return "\\t";
     case '\n':
@@ -121,7 +123,7 @@ std::string printable(std::string_view text)
     while (!text.empty()) {
         const Character c       = firstCharacter(text);
         const bool      control = c.code < 0x20 || (c.code >= 0x7F && c.code < 0xA0);
-        if (!c.valid || control || (c.code >= 0x80 && isIn(FORMATTING, c.code)))
+        if (!c.valid || control || c.code == '\\' || (c.code >= 0x80 && isIn(FORMATTING, c.code)))
             result += escape(c);
         else
             result += text.substr(0, c.length);

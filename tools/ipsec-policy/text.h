@@ -10,7 +10,8 @@
 #include <vector>
 
 /// `text` with escapes for what a terminal would obey instead of show: "\n" and its like, "\x1b" for other control
-/// characters and for bytes that are not UTF-8, "\u{202e}" for characters that reorder or hide their neighbours.
+/// characters and for bytes that are not UTF-8, "\u{202e}" for characters that reorder or hide their neighbours, and
+/// "\\" for a backslash, so that no text looks like another.
 std::string printable(std::string_view text);
 
 /// How many columns a printable text takes on a terminal.

@@ -56,7 +56,7 @@ template <int Num, auto Names>
 int Enum<Num, Names>::to_int(const std::string& name)
 {
     for (int i = 0; i < Num; ++i)
-        if ((*Names)[i][0] == name[0] && name == (*Names)[i])
+        if (name == (*Names)[i])
             return i;
     throw std::invalid_argument("to_int");
 }

@@ -17,6 +17,9 @@ namespace ipsecimpl {
 ///
 /// The parser adds one line "\nfrom <name>" for each open element, the innermost first. A reader that does not
 /// like a well-formed element's content throws the bare message.
+///
+/// The text quotes the document as it is: keys that stand in a wrong place may be in it, the end of input shows as the
+/// byte 0xFF, and a NUL ends what() early. Do not show it to everybody.
 class IPSECIMPL_API ParseError : public std::runtime_error {
   public:
     /// what() is `msg`, unchanged.

@@ -7,10 +7,23 @@
 
 namespace ipsecimpl {
 
+namespace {
+
+/// Is `text` the whole of `name`? The first difference ends the comparison.
+bool isWhole(std::string_view text, const char* name)
+{
+    for (const char c : text)
+        if (c != *name++ || c == '\0')
+            return false;
+    return *name == '\0';
+}
+
+} // namespace
+
 int numberOf(std::string_view text, const NameTable& table)
 {
     for (int i = 0; i < table.size; ++i)
-        if (table.names[i] == text)
+        if (isWhole(text, table.names[i]))
             return i;
     throw std::invalid_argument("to_int");
 }

@@ -28,6 +28,20 @@ unsigned int digitValue(char c)
     return 36;
 }
 
+/// Is the text what numbers nearly always are: one to nine decimal digits, no 0 before others? Then `value` is it.
+bool isPlainDecimal(std::string_view text, std::uint32_t& value)
+{
+    if (text.empty() || text.size() > 9 || (text[0] == '0' && text.size() > 1))
+        return false;
+    value = 0;
+    for (const char c : text) {
+        if (!isDigit(toByte(c)))
+            return false;
+        value = value * 10 + static_cast<std::uint32_t>(c - '0');
+    }
+    return true;
+}
+
 Number parseNumber(std::string_view text, int base)
 {
     Number            number;
@@ -65,6 +79,9 @@ Number parseNumber(std::string_view text, int base)
 
 std::int32_t strtol32(std::string_view text, int base, std::size_t* used)
 {
+    if (std::uint32_t value = 0; !used && (base == 0 || base == 10) && isPlainDecimal(text, value))
+        return static_cast<std::int32_t>(value);
+
     constexpr std::uint32_t max    = std::numeric_limits<std::int32_t>::max();
     const Number            number = parseNumber(text, base);
     if (used)
@@ -78,6 +95,9 @@ std::int32_t strtol32(std::string_view text, int base, std::size_t* used)
 
 std::uint32_t strtoul32(std::string_view text, int base, std::size_t* used)
 {
+    if (std::uint32_t value = 0; !used && (base == 0 || base == 10) && isPlainDecimal(text, value))
+        return value;
+
     const Number number = parseNumber(text, base);
     if (used)
         *used = number.used;

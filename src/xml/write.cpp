@@ -1,9 +1,9 @@
 #include "xml/element.h"
+#include "xml/short_bytes.h"
 
 #include <array>
 #include <charconv>
 #include <cstddef>
-#include <cstring>
 #include <locale>
 #include <ostream>
 
@@ -18,7 +18,7 @@ class Line {
 
     Line& operator<<(std::string_view piece)
     {
-        std::memcpy(text_.data() + size_, piece.data(), piece.size());
+        copyBytes(text_.data() + size_, piece.data(), piece.size());
         size_ += piece.size();
         return *this;
     }

@@ -2,6 +2,7 @@
 #define IPSECIMPL_XML_WRITTEN_FORM_H
 
 #include "xml/character.h"
+#include "xml/short_bytes.h"
 
 #include <cstddef>
 #include <cstring>
@@ -16,27 +17,6 @@ namespace ipsecimpl {
 
 /// What a match leaves unread begins here; null if there is no match.
 using Rest = const char*;
-
-/// Like std::memcmp() == 0 for the short names of elements, without the call.
-inline bool sameBytes(const char* a, const char* b, std::size_t size)
-{
-    const auto same = [a, b](std::size_t at, auto word) {
-        auto other = word;
-        std::memcpy(&word, a + at, sizeof word);
-        std::memcpy(&other, b + at, sizeof other);
-        return word == other;
-    };
-    if (size > 16)
-        return std::memcmp(a, b, size) == 0;
-    if (size >= 8)
-        return same(0, 0ULL) && same(size - 8, 0ULL);
-    if (size >= 4)
-        return same(0, 0U) && same(size - 4, 0U);
-    for (std::size_t i = 0; i < size; ++i)
-        if (a[i] != b[i])
-            return false;
-    return true;
-}
 
 /// `<name>`
 inline Rest matchStartTag(std::string_view text, std::string_view name)

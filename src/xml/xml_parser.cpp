@@ -122,14 +122,16 @@ int XMLParser::parse_tag_end()
 int XMLParser::parse_body()
 {
     Input in(in_);
+    if (const std::string_view ahead = in.atHand(); ahead.size() >= 2) {
+        in.consume(ahead.data());
+        return ahead[0] != '<' ? PARSE_DATA : ahead[1] == '/' ? PARSE_END : PARSE_CHILD;
+    }
     in.skipSpace();
     const int c = in.peek();
     if (c == Input::end)
         fail("parse_body: unmatched name '" + innermost() + "'");
     if (c != '<')
         return PARSE_DATA;
-    if (const std::string_view ahead = in.atHand(); ahead.size() >= 2)
-        return ahead[1] == '/' ? PARSE_END : PARSE_CHILD;
     in.get();
     const bool isEnd = in.peek() == '/';
     if (!in.putBack())

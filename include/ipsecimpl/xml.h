@@ -6,10 +6,12 @@
 
 #include <ipsecimpl/export.h>
 
+#include <initializer_list>
 #include <iosfwd>
 #include <stack>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace ipsecimpl {
 
@@ -128,8 +130,8 @@ class IPSECIMPL_API XMLParser {
   private:
     friend class ElementAccess; // the library's own readers
 
-    std::string       innermost() const; // the name of the innermost open element, empty if none is open
-    [[noreturn]] void fail(const std::string& message) const;
+    std::string_view  innermost() const; // the name of the innermost open element, empty if none is open
+    [[noreturn]] void fail(std::initializer_list<std::string_view> message) const;
 
     std::istream&           in_;
     std::stack<std::string> tags_; // names of the open elements, the innermost on top

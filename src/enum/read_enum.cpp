@@ -1,9 +1,9 @@
 #include "enum/read_enum.h"
 
 #include "xml/element.h"
+#include "xml/joined.h"
 
 #include <stdexcept>
-#include <string>
 
 namespace ipsecimpl {
 
@@ -35,7 +35,7 @@ int readNumberOf(XMLParser& parser, std::string_view name, const NameTable& tabl
     try {
         return numberOf(leaf.text(), table);
     } catch (const std::invalid_argument&) {
-        throw ParseError(problem + (" '" + std::string(leaf.text())) + "' for " + place);
+        throw ParseError(joined({problem, " '", leaf.text(), "' for ", place}));
     }
 }
 

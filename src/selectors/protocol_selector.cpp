@@ -4,6 +4,7 @@
 #include "enum/write_enum.h"
 #include "selectors/order.h"
 #include "xml/element.h"
+#include "xml/joined.h"
 #include "xml/number.h"
 
 #include <bitset>
@@ -85,9 +86,9 @@ bool Children::readNext()
         return false;
     }
     if (parser.parse_tag_end() != PARSE_CONTENT)
-        throw ParseError("invalid attributes or closing tag in <" + ownTag_ + ">");
+        throw ParseError(joined({"invalid attributes or closing tag in <", ownTag_, ">"}));
     if (!parser.parse_data(ownText_))
-        throw ParseError("missing data for <" + ownTag_ + ">");
+        throw ParseError(joined({"missing data for <", ownTag_, ">"}));
     parser.parse_end_tag();
     tag_  = ownTag_;
     text_ = ownText_;
@@ -98,9 +99,9 @@ void Children::identify()
 {
     for (child_ = PROTOCOL; tag_ != childNames[child_]; child_ = static_cast<Child>(child_ + 1))
         if (child_ == MIRRORED)
-            throw ParseError("unknown attribute: '" + std::string(tag_) + "'");
+            throw ParseError(joined({"unknown attribute: '", tag_, "'"}));
     if (seen_[child_])
-        throw ParseError("attribute '" + std::string(tag_) + "' can only appear once");
+        throw ParseError(joined({"attribute '", tag_, "' can only appear once"}));
     seen_.set(child_);
 }
 

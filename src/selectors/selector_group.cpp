@@ -1,6 +1,7 @@
 #include <ipsecimpl/selectors.h>
 
 #include "xml/element.h"
+#include "xml/joined.h"
 
 #include <stdexcept>
 #include <string>
@@ -15,7 +16,7 @@ SelectorGroup<Tag, Selector> SelectorGroup<Tag, Selector>::importXML(XMLParser& 
 try {
     SelectorGroup group;
     if (openElement(parser, *Tag) != PARSE_CONTENT)
-        throw ParseError(std::string(*Tag) + " missing required data");
+        throw ParseError(joined({*Tag, " missing required data"}));
     group.name         = readText(parser, "name");
     group.builtinName  = readInt(parser, "builtinName");
     group.descr        = readText(parser, "descr");
@@ -28,7 +29,7 @@ try {
     parser.parse_end_tag();
     return group;
 } catch (const std::invalid_argument& e) {
-    throw ParseError(std::string("bad value: ") + e.what());
+    throw ParseError(joined({"bad value: ", e.what()}));
 }
 
 template <auto Tag, class Selector>

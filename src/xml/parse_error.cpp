@@ -1,5 +1,7 @@
 #include <ipsecimpl/xml.h>
 
+#include "xml/joined.h"
+
 namespace ipsecimpl {
 
 ParseError::ParseError(const std::string& msg)
@@ -19,7 +21,7 @@ std::string ParseError::where(const std::string& msg, const std::stack<std::stri
 {
     std::string text = msg;
     for (std::stack<std::string> open = tags; !open.empty(); open.pop())
-        text += "\nfrom <" + open.top() + ">";
+        text += joined({"\nfrom <", open.top(), ">"});
     return text;
 }
 

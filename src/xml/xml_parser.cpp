@@ -2,6 +2,7 @@
 
 #include "xml/character.h"
 #include "xml/input.h"
+#include "xml/joined.h"
 #include "xml/number.h"
 #include "xml/written_form.h"
 
@@ -11,9 +12,9 @@ namespace ipsecimpl {
 namespace {
 
 /// A character for a message; the end of input shows as the byte 0xFF.
-std::string quoted(int c)
+std::string shown(int c)
 {
-    return "'" + std::string(1, std::char_traits<char>::to_char_type(c)) + "'";
+    return std::string(1, std::char_traits<char>::to_char_type(c));
 }
 
 bool readName(Input& in, std::string& name)
@@ -56,14 +57,15 @@ bool XMLParser::parse_tag(std::string& name)
     name.clear();
     in.skipSpace();
     if (const int c = in.get(); c != '<')
-        fail("parse_tag: expected '<', found " + quoted(c));
+        fail({"parse_tag: expected '<', found '", shown(c), "'"});
+
     if (in.peek() == '/') {
         if (!in.putBack())
-            fail("parse_tag: cannot put back '<'");
+            fail({"parse_tag: cannot put back '<'"});
         return false;
     }
     if (!readName(in, name))
-        fail("parse_tag: unnamed tag");
+        fail({"parse_tag: unnamed tag"});
     tags_.push(name);
     return true;
 }
@@ -92,10 +94,10 @@ bool XMLParser::parse_value(std::string& value)
     if (quote == '\'' || quote == '"') {
         in.get();
         if (in.appendUntil(value, [quote](int c) { return c == quote; }) != quote)
-            fail("parse_value: unterminated attribute value");
+            fail({"parse_value: unterminated attribute value"});
         in.get();
     } else if (!isSpace(in.appendUntil(value, [](int c) { return isSpace(c) || c == '>'; }))) {
-        fail("parse_value: unterminated attribute value");
+        fail({"parse_value: unterminated attribute value"});
     }
     return true;
 }
@@ -110,12 +112,12 @@ int XMLParser::parse_tag_end()
     const int result = c == '/' ? PARSE_END : PARSE_CONTENT;
     if (result == PARSE_END) {
         if (tags_.empty())
-            fail(malformed);
+            fail({malformed});
         tags_.pop(); // before the `>` is seen: an element that ends so badly is not part of the message
         c = in.get();
     }
     if (c != '>')
-        fail(malformed);
+        fail({malformed});
     return result;
 }
 
@@ -129,13 +131,13 @@ int XMLParser::parse_body()
     in.skipSpace();
     const int c = in.peek();
     if (c == Input::end)
-        fail("parse_body: unmatched name '" + innermost() + "'");
+        fail({"parse_body: unmatched name '", innermost(), "'"});
     if (c != '<')
         return PARSE_DATA;
     in.get();
     const bool isEnd = in.peek() == '/';
     if (!in.putBack())
-        fail("parse_body: cannot put back '<'");
+        fail({"parse_body: cannot put back '<'"});
     return isEnd ? PARSE_END : PARSE_CHILD;
 }
 
@@ -145,7 +147,7 @@ bool XMLParser::parse_data(std::string& data)
     data.clear();
     in.skipSpace();
     if (in.appendUntil(data, [](int c) { return c == '<'; }) == Input::end)
-        fail("parse_data: unmatched tag '" + innermost() + "'");
+        fail({"parse_data: unmatched tag '", innermost(), "'"});
     trim(data);
     return !data.empty();
 }
@@ -162,16 +164,18 @@ void XMLParser::parse_end_tag()
     }
     in.skipSpace();
     if (const int c = in.get(); c != '<')
-        fail("parse_end_tag: expected '<', got " + quoted(c));
+        fail({"parse_end_tag: expected '<', got '", shown(c), "'"});
+
     if (const int c = in.get(); c != '/')
-        fail("parse_end_tag: expected '/', got " + quoted(c));
+        fail({"parse_end_tag: expected '/', got '", shown(c), "'"});
+
     std::string name;
     if (!readName(in, name))
-        fail("parse_end_tag: missing tag name");
+        fail({"parse_end_tag: missing tag name"});
     if (in.get() != '>')
-        fail("parse_end_tag: malformed end tag");
+        fail({"parse_end_tag: malformed end tag"});
     if (name != innermost())
-        fail("parse_end_tag: begin/end tags don't match");
+        fail({"parse_end_tag: begin/end tags don't match"});
     tags_.pop();
 }
 
@@ -179,9 +183,9 @@ int XMLParser::parse_simple_tag(const std::string& name)
 {
     std::string found;
     if (!parse_tag(found))
-        fail("parse_simple_tag: missing tag; expected <" + name + ">");
+        fail({"parse_simple_tag: missing tag; expected <", name, ">"});
     if (found != name)
-        fail("parse_simple_tag: wrong tag; expected <" + name + ">, found <" + found + ">");
+        fail({"parse_simple_tag: wrong tag; expected <", name, ">, found <", found, ">"});
     return parse_tag_end();
 }
 
@@ -189,15 +193,15 @@ std::string XMLParser::parse_tagged_value(const std::string& name)
 {
     std::string found;
     if (!parse_tag(found))
-        fail("parse_tagged_value: missing tag; expected <" + name + ">");
+        fail({"parse_tagged_value: missing tag; expected <", name, ">"});
     if (found != name)
-        fail("parse_tagged_value: wrong tag; expected <" + name + ">, found <" + found + ">");
+        fail({"parse_tagged_value: wrong tag; expected <", name, ">, found <", found, ">"});
 
     std::string attribute;
     std::string value;
     if (parse_attr(attribute, value)) {
         if (attribute != "value")
-            fail("parse_tagged_value: invalid attribute; found '" + attribute + "', expected 'value'");
+            fail({"parse_tagged_value: invalid attribute; found '", attribute, "', expected 'value'"});
         if (parse_tag_end() != PARSE_END)
             parse_end_tag();
     } else if (parse_tag_end() != PARSE_END) {
@@ -237,17 +241,17 @@ std::string XMLParser::expand_entity(const std::string& entity)
         if (start + used < entity.size() && entity[start + used] == ';')
             return std::string(1, static_cast<char>(number));
     }
-    fail("expand_entity: invalid character entity '" + entity + "'");
+    fail({"expand_entity: invalid character entity '", entity, "'"});
 }
 
-std::string XMLParser::innermost() const
+std::string_view XMLParser::innermost() const
 {
-    return tags_.empty() ? std::string() : tags_.top();
+    return tags_.empty() ? std::string_view() : tags_.top();
 }
 
-void XMLParser::fail(const std::string& message) const
+void XMLParser::fail(std::initializer_list<std::string_view> message) const
 {
-    throw ParseError(message, tags_);
+    throw ParseError(joined(message), tags_);
 }
 
 } // namespace ipsecimpl

@@ -77,6 +77,7 @@ unsigned int readUnsigned(XMLParser& parser, std::string_view name)
 
 RepeatedElement::RepeatedElement(std::string name)
     : name_(std::move(name))
+    , lent_(name_)
 {
 }
 
@@ -84,19 +85,21 @@ bool RepeatedElement::open(XMLParser& parser)
 {
     if (!takeStartTag(parser, name_))
         return false;
-    ElementAccess::tags(parser).push(std::move(name_));
+    lent_ = name_; // allocates nothing if it has come back
+    ElementAccess::tags(parser).push(std::move(lent_));
     return true;
 }
 
 void RepeatedElement::close(XMLParser& parser)
 {
+    // What is open need not be this element: a self-closed one inside is let through, and its parent's end tag is then
+    // taken for its own.
     std::stack<std::string>& tags = ElementAccess::tags(parser);
-    if (!takeEndTag(parser, tags.top())) {
-        name_ = tags.top();
+    if (tags.empty() || tags.top() != name_ || !takeEndTag(parser, name_)) {
         parser.parse_end_tag();
         return;
     }
-    name_ = std::move(tags.top());
+    lent_ = std::move(tags.top());
     tags.pop();
 }
 

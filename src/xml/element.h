@@ -19,6 +19,7 @@ std::ostream& closeTag(std::ostream& out, std::string_view name);
 
 std::ostream& writeLeaf(std::ostream& out, std::string_view name, std::string_view text);
 std::ostream& writeLeaf(std::ostream& out, std::string_view name, int number);
+std::ostream& writeLeaf(std::ostream& out, std::string_view name, unsigned short number);
 std::ostream& writeLeaf(std::ostream& out, std::string_view name, unsigned int number);
 std::ostream& writeLeaf(std::ostream& out, std::string_view name, unsigned long number);
 
@@ -49,13 +50,12 @@ int readInt(XMLParser& parser, std::string_view name);
 /// The leaf as an unsigned 32-bit number: decimal, 0x hexadecimal or 0 octal; 0 if it is none.
 unsigned int readUnsigned(XMLParser& parser, std::string_view name);
 
-/// An element that comes again and again. The string with its name is lent to the parser while the element is open, so
+/// An element that comes again and again. A string with its name is lent to the parser while the element is open, so
 /// that a long name is not allocated each time.
 class RepeatedElement {
   public:
     explicit RepeatedElement(std::string name);
 
-    /// The name. Not while the element is open.
     const std::string& name() const { return name_; }
 
     /// Reads the start tag if it comes next, without attributes; else nothing.
@@ -66,6 +66,7 @@ class RepeatedElement {
 
   private:
     std::string name_;
+    std::string lent_; // in the parser's hands while the element is open
 };
 
 /// An element whose children are leaves in any order. As long as all is in the written form, the parser is not told

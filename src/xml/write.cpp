@@ -13,8 +13,12 @@ namespace {
 /// One line of the document, put together so that it takes one insertion instead of one for each piece.
 class Line {
   public:
-    /// May the stream be given a line like that? Its width would apply to the first piece.
-    static bool fits(const std::ostream& out, std::size_t size) { return out.width() == 0 && size < room; }
+    /// May the stream be given a line in one? Its width would apply to the first piece, and a stream that flushes by
+    /// itself does so after each.
+    static bool fits(const std::ostream& out, std::size_t size)
+    {
+        return out.width() == 0 && (out.flags() & std::ios_base::unitbuf) == 0 && size < room;
+    }
 
     Line& operator<<(std::string_view piece)
     {
@@ -32,7 +36,7 @@ class Line {
     /// Inserts the line, ends it, and flushes.
     std::ostream& insertInto(std::ostream& out)
     {
-        *this << '\n';
+        *this << out.widen('\n');
         return out.write(text_.data(), static_cast<std::streamsize>(size_)).flush();
     }
 
@@ -90,6 +94,11 @@ std::ostream& writeLeaf(std::ostream& out, std::string_view name, std::string_vi
 }
 
 std::ostream& writeLeaf(std::ostream& out, std::string_view name, int number)
+{
+    return writeNumber(out, name, number);
+}
+
+std::ostream& writeLeaf(std::ostream& out, std::string_view name, unsigned short number)
 {
     return writeNumber(out, name, number);
 }

@@ -240,6 +240,36 @@ TEST(IndexedCollection, RefusesAnIDBeforeItReadsTheElement)
     EXPECT_EQ(refusalOf<Policies>("<policies><policyEntry><id>0</id>garbage"), "invalid ID for policy");
 }
 
+// A self-closed element is let through, its children are read, and then its parents' end tags end one element too many.
+// What is open is a wrong one from there on, or none at all.
+
+const std::string policyChildren = "<hostGroupID>1</hostGroupID><protocolGroupID>2</protocolGroupID>"
+                                   "<actionID>3</actionID>";
+
+TEST(IndexedCollection, GoesOnWithItsOwnEntriesAfterASelfClosedElement)
+{
+    const std::string first = "<policies><policyEntry><id>1</id><policy/>" + policyChildren +
+                              "</policyEntry></policies>"; // the second ends what is still open
+    EXPECT_EQ(refusalOf<Policies>(first + "<policyEntry><id>2</id><policy>" + policyChildren +
+                                  "</policy></policyEntry></x>"),
+              "parse_end_tag: begin/end tags don't match");
+    EXPECT_EQ(refusalOf<Policies>(first + "<policies><id>2</id><policy>" + policyChildren + "</policy></policies></x>"),
+              "unknown tag: policies");
+}
+
+TEST(IndexedCollection, RefusesAnEndTagWhenSelfClosedElementsHaveLeftNoneOpen)
+{
+    const std::string leaves = "<changeCount/><name/><builtinName/><descr/><builtinDescr/><type/><state/>"
+                               "<spdAction>TRANSPORT</spdAction><keyMgr>MKM</keyMgr>";
+    const std::string manual = "<manualKey/><saProposal/><protocol>NONE</protocol><encryption/><hash/>";
+    EXPECT_EQ(refusalOf<IPsecConfig>("<ipsec><hostGroups/><protocolGroups/><actions><actionEntry><id>1</id><action/>" +
+                                     leaves + manual + "</actionEntry></actions></ipsec></x>"),
+              "parse_end_tag: begin/end tags don't match");
+    EXPECT_EQ(refusalOf<Actions>("<actions><actionEntry><id>1</id><action>" + leaves + manual +
+                                 "</action></actionEntry></actions></x>"),
+              "parse_end_tag: begin/end tags don't match");
+}
+
 // Editing
 
 TEST(IndexedCollection, HandsOutIDsInOrder)

@@ -221,6 +221,22 @@ TEST(IPsecConfig, WritesNumbersAsTheStreamWritesThem)
     EXPECT_NE(hexadecimal.flags() & std::ios_base::hex, std::ios_base::fmtflags()); // and they stay set
 }
 
+TEST(IPsecConfig, WritesPortsWithoutASignWhateverTheFlags)
+{
+    std::ostringstream out;
+    out << std::showpos;
+    ProtocolSelector("web", 6, 80, 0, PROTO_IN, true).exportXML(out);
+    EXPECT_EQ(out.str(), "<protocolSelector>\n<protocol>6</protocol>\n<name>web</name>\n<dstPort>80</dstPort>\n"
+                         "<srcPort>0</srcPort>\n<direction>IN</direction>\n<mirrored>MIRRORED</mirrored>\n"
+                         "</protocolSelector>\n");
+
+    std::ostringstream signs;
+    signs << std::showpos;
+    HostGroup("h", -1, "", 2).exportXML(signs);
+    EXPECT_EQ(signs.str(), "<hostGroup>\n<name>h</name>\n<builtinName>-1</builtinName>\n<descr></descr>\n"
+                           "<builtinDescr>+2</builtinDescr>\n<selectors>\n</selectors>\n</hostGroup>\n");
+}
+
 TEST(IPsecConfig, ReturnsAFailedStreamWithoutWriting)
 {
     IPsecConfig        config = sample();

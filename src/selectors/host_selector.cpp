@@ -5,7 +5,6 @@
 #include "selectors/order.h"
 #include "xml/element.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <stdexcept>

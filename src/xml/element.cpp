@@ -4,6 +4,7 @@
 #include "xml/number.h"
 #include "xml/written_form.h"
 
+#include <new>
 #include <utility>
 
 namespace ipsecimpl {

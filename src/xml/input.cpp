@@ -64,6 +64,14 @@ int Input::uflow()
     return c;
 }
 
+void Input::setBad()
+{
+    try {
+        stream_.setstate(std::ios_base::badbit);
+    } catch (const std::ios_base::failure&) { // another exception is being handled, and is the one to throw
+    }
+}
+
 template <class Operation>
 int Input::guarded(Operation operation)
 {
@@ -72,15 +80,12 @@ int Input::guarded(Operation operation)
     }
 #ifdef __GLIBCXX__
     catch (abi::__forced_unwind&) { // the thread is being cancelled
-        stream_.setstate(std::ios_base::badbit);
+        setBad();
         throw;
     }
 #endif
     catch (...) {
-        try {
-            stream_.setstate(std::ios_base::badbit);
-        } catch (const std::ios_base::failure&) { // the mask asks for the buffer's own exception instead
-        }
+        setBad();
         if ((stream_.exceptions() & std::ios_base::badbit) != 0)
             throw;
         return end;

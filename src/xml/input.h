@@ -116,6 +116,7 @@ class Input {
     int forEach(Predicate wanted, Take take);
 
     void prepare();
+    void setBad(); // sets badbit, whatever the exception mask says
     int  underflow();
     int  uflow();
 

@@ -25,7 +25,8 @@ need_packages()
 }
 
 # What a build of everything needs.
-build_packages=(cmake g++ ninja-build libcli11-dev)
-test_packages=("${build_packages[@]}" libgmock-dev libgtest-dev libxml2-utils pkg-config)
+build_packages=(cmake g++ ninja-build libcli11-dev nlohmann-json3-dev)
+test_packages=("${build_packages[@]}" libgmock-dev libgtest-dev libxml2-utils pkg-config
+    strace)
 bench_packages=("${build_packages[@]}" binutils g++-arm-linux-gnueabihf libbenchmark-dev libexpat1-dev libpugixml-dev
     libtinyxml2-dev libxml2-dev valgrind)

@@ -41,9 +41,9 @@ Commands:
 
 'ipsec-policy COMMAND --help' tells more about a command.
 
-Exit status: 0 if all is well; 1 for a configuration that does not load, or
-would not once it is written; 2 for wrong usage and for what cannot be read or
-written.
+Exit status: 0 if all is well; 1 for findings or differences, and for a
+configuration that does not load, or would not once it is written; 2 for wrong
+usage and for what cannot be read or written.
 )"));
 }
 

@@ -5,6 +5,8 @@
 /// The commands of the program. Each stands in a file of its own, which declares its arguments beside what it does
 /// with them; a new one is that file, a line here, and a line in the table.
 
+#include "failure.h"
+
 #include <functional>
 #include <vector>
 
@@ -18,9 +20,9 @@ struct Command {
     const char* details;  ///< for the help: what there is to know beyond the arguments, lines of 80 columns
     const char* examples; ///< for the help, one on a line
 
-    /// Adds the command's arguments to `arguments` and returns what is to be done once these are read. That throws a
-    /// Failure unless all went well.
-    std::function<void()> (*declare)(CLI::App& arguments);
+    /// Adds the command's arguments to `arguments` and returns what is to be done once these are read. That returns how
+    /// the program ends, or throws a Failure.
+    std::function<ExitStatus()> (*declare)(CLI::App& arguments);
 };
 
 extern const Command NEW_COMMAND;

@@ -45,7 +45,7 @@ std::string written(IPsecConfig& config)
 Failure documentFailure(const std::string& fileName, const std::string& message)
 {
     const std::string shown = isStandardStream(fileName) ? "standard input" : printable(fileName);
-    return Failure(ExitStatus::DOCUMENT, shown + ": " + message);
+    return Failure(ExitStatus::FINDINGS, shown + ": " + message);
 }
 
 } // namespace

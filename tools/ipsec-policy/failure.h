@@ -9,8 +9,8 @@
 
 /// The program's exit status.
 enum class ExitStatus {
-    CLEAN    = 0, ///< done
-    DOCUMENT = 1, ///< the document does not load, or could not be loaded again once stored
+    CLEAN    = 0, ///< done, and nothing to tell
+    FINDINGS = 1, ///< findings or differences; or a document does not load, or could not be loaded again once stored
     TROUBLE  = 2  ///< wrong usage, or something could not be read or written
 };
 

@@ -14,7 +14,7 @@ struct Options {
     std::string output = "-";
 };
 
-void format(const Options& options)
+ExitStatus format(const Options& options)
 {
     ipsecimpl::IPsecConfig config = loadDocument(options.file);
     const std::string      text   = storeDocument(config, options.file);
@@ -22,15 +22,16 @@ void format(const Options& options)
         writeStandardOutput(text);
     else
         replaceFile(options.output, text);
+    return ExitStatus::CLEAN;
 }
 
-std::function<void()> declare(CLI::App& arguments)
+std::function<ExitStatus()> declare(CLI::App& arguments)
 {
     const auto options = std::make_shared<Options>();
     arguments.add_option("FILE", options->file, DOCUMENT_HELP)->required()->type_name("");
     arguments.add_option("-o,--output", options->output, "Where to store it; standard output if not given")
         ->type_name("OUT");
-    return [options] { format(*options); };
+    return [options] { return format(*options); };
 }
 
 } // namespace

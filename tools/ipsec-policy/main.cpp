@@ -93,19 +93,19 @@ Failure usageFailure(const CLI::App& app, const CLI::Error& error)
                                             command + " --help' for more information.");
 }
 
-/// Runs the command that the arguments ask for. Throws a Failure, or std::bad_alloc.
-void run(int argc, const char* const* argv)
+/// Runs the command that the arguments ask for, and returns how it ended. Throws a Failure, or std::bad_alloc.
+ExitStatus run(int argc, const char* const* argv)
 {
     CLI::App app("Manages IPsec security-policy configurations.", PROGRAM);
     declareLooks(app);
     app.set_version_flag("-V,--version", std::string(PROGRAM) + ' ' + ipsecimpl::VERSION, "Print the version and exit");
     app.require_subcommand(1);
     app.footer("'ipsec-policy COMMAND --help' tells more about a command.\n\n"
-               "Exit status: 0 if all is well; 1 for a configuration that does not load, or\n"
-               "would not once it is written; 2 for wrong usage and for what cannot be read or\n"
-               "written.");
+               "Exit status: 0 if all is well; 1 for findings or differences, and for a\n"
+               "configuration that does not load, or would not once it is written; 2 for wrong\n"
+               "usage and for what cannot be read or written.");
 
-    std::function<void()> chosen;
+    std::function<ExitStatus()> chosen;
     for (const Command* command : allCommands()) {
         CLI::App* arguments = app.add_subcommand(command->name, command->summary + std::string("."));
         arguments->group("Commands");
@@ -119,11 +119,11 @@ void run(int argc, const char* const* argv)
         std::ostringstream answer;
         app.exit(asked, answer, answer);
         writeStandardOutput(answer.str());
-        return;
+        return ExitStatus::CLEAN;
     } catch (const CLI::Error& error) {
         throw usageFailure(app, error);
     }
-    chosen();
+    return chosen();
 }
 
 /// Writes the message without asking for memory, so that running out of it can be reported too.
@@ -145,8 +145,7 @@ int main(int argc, char** argv)
     occupyStandardStreams();
     ignoreSignals();
     try {
-        run(argc, argv);
-        return static_cast<int>(ExitStatus::CLEAN);
+        return static_cast<int>(run(argc, argv));
     } catch (const Failure& failure) {
         report(failure.what());
         return static_cast<int>(failure.status);

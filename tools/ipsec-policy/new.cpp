@@ -92,7 +92,7 @@ IPsecConfig starter()
     return config;
 }
 
-void create(const std::string& output)
+ExitStatus create(const std::string& output)
 {
     IPsecConfig       config = starter();
     const std::string text   = storeDocument(config, "the starter configuration");
@@ -100,13 +100,14 @@ void create(const std::string& output)
         writeStandardOutput(text);
     else
         createFile(output, text);
+    return ExitStatus::CLEAN;
 }
 
-std::function<void()> declare(CLI::App& arguments)
+std::function<ExitStatus()> declare(CLI::App& arguments)
 {
     const auto output = std::make_shared<std::string>("-");
     arguments.add_option("-o,--output", *output, "The file to make; standard output if not given")->type_name("OUT");
-    return [output] { create(*output); };
+    return [output] { return create(*output); };
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "describe.h"
 #include "document.h"
 #include "files.h"
+#include "objects.h"
 #include "table.h"
 
 #include <CLI/CLI.hpp>
@@ -75,17 +76,6 @@ std::string showActions(const Actions& actions, bool showKeys)
     return section("Actions", actions, table);
 }
 
-const std::string& nameOf(const IPsecAction& action)
-{
-    return action.nameGet();
-}
-
-template <class Group>
-const std::string& nameOf(const Group& group)
-{
-    return group.name;
-}
-
 template <class Collection>
 std::string reference(const Collection& collection, unsigned int id)
 {
@@ -107,21 +97,22 @@ std::string showPolicies(const IPsecConfig& config)
     return section("Policies", config.policies, table);
 }
 
-void show(const Options& options)
+ExitStatus show(const Options& options)
 {
     const IPsecConfig config = loadDocument(options.file);
     writeStandardOutput(showGroups("Host groups", "HOSTS", config.hostGroups) + '\n' +
                         showGroups("Protocol groups", "TRAFFIC", config.protocolGroups) + '\n' +
                         showActions(config.actions, options.showKeys) + '\n' + showPolicies(config));
+    return ExitStatus::CLEAN;
 }
 
-std::function<void()> declare(CLI::App& arguments)
+std::function<ExitStatus()> declare(CLI::App& arguments)
 {
     const auto options = std::make_shared<Options>();
     arguments.add_option("FILE", options->file, DOCUMENT_HELP)->required()->type_name("");
     arguments.add_flag("--show-keys", options->showKeys, "Show keys, pre-shared keys and IVs too")
         ->disable_flag_override();
-    return [options] { show(*options); };
+    return [options] { return show(*options); };
 }
 
 } // namespace

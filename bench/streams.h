@@ -47,6 +47,30 @@ class Nowhere : public std::streambuf {
     std::streamsize xsputn(const char* /*text*/, std::streamsize count) override { return count; }
 };
 
+/// A buffer of one size that is filled again and again, as that of a file is, but goes nowhere.
+class Recycled : public std::streambuf {
+  public:
+    Recycled() { empty(); }
+
+    std::size_t written() const { return before_ + static_cast<std::size_t>(pptr() - pbase()); }
+
+  protected:
+    int_type overflow(int_type c) override
+    {
+        before_ = written();
+        empty();
+        if (!traits_type::eq_int_type(c, traits_type::eof()))
+            sputc(traits_type::to_char_type(c));
+        return traits_type::not_eof(c);
+    }
+
+  private:
+    void empty() { setp(buffer_, buffer_ + sizeof buffer_); }
+
+    char        buffer_[64 * 1024];
+    std::size_t before_ = 0;
+};
+
 } // namespace bench
 
 #endif

@@ -143,7 +143,7 @@ class IPSECIMPL_API ProtocolSelector {
 /// A plain value. The fields are read and set directly and the group checks nothing. `Tag` is the address of the
 /// element's tag.
 template <auto Tag, class Selector>
-class SelectorGroup {
+class IPSECIMPL_API SelectorGroup {
   public:
     /// No texts, no numbers, no selectors.
     SelectorGroup() = default;

@@ -105,6 +105,9 @@ TEST(Load, AllocatesNothingForAnElementThatFitsItsObject)
          "<saProposal><protocol>ESP</protocol><encryption>12</encryption><hash>3</hash></saProposal></ikePhase2>",
          1}, // the list's node
     };
+    // Some standard libraries' containers allocate when they are made, others at the first element.
+    std::stack<std::string> tags;
+    const std::size_t       firstTag = blocksOf([&] { tags.push(""); });
     for (const auto& [text, blocks] : rows) {
         std::istringstream in(text);
         XMLParser          parser(in);
@@ -121,7 +124,8 @@ TEST(Load, AllocatesNothingForAnElementThatFitsItsObject)
             else
                 IKEPhase2::importXML(parser);
         });
-        EXPECT_EQ(allocated, blocks) << text;
+        EXPECT_GE(allocated, blocks) << text;
+        EXPECT_LE(allocated, blocks + firstTag) << text; // not every element comes onto the stack
     }
 }
 

@@ -1,0 +1,6 @@
+# 32-bit ARM with hardware floating point by Debian's g++-arm-linux-gnueabihf; qemu-user runs what it makes.
+
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSTEM_PROCESSOR armv7)
+set(CMAKE_CXX_COMPILER arm-linux-gnueabihf-g++)
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm -L /usr/arm-linux-gnueabihf)

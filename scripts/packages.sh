@@ -28,5 +28,7 @@ need_packages()
 build_packages=(cmake g++ ninja-build libcli11-dev nlohmann-json3-dev)
 test_packages=("${build_packages[@]}" libgmock-dev libgtest-dev libxml2-utils pkg-config
     strace)
+matrix_packages=("${test_packages[@]}" clang libc++-dev libc++abi-dev googletest g++-i686-linux-gnu
+    g++-arm-linux-gnueabihf g++-powerpc-linux-gnu qemu-user)
 bench_packages=("${build_packages[@]}" binutils g++-arm-linux-gnueabihf libbenchmark-dev libexpat1-dev libpugixml-dev
     libtinyxml2-dev libxml2-dev valgrind)

@@ -18,4 +18,7 @@ enum class Colour { RED, YELLOW, GREEN, CYAN, BOLD };
 /// it is.
 std::string coloured(std::string_view text, Colour colour);
 
+/// Appends the same to `line`.
+void appendColoured(std::string& line, std::string_view text, Colour colour);
+
 #endif

@@ -59,8 +59,17 @@ std::size_t outputWidth()
 
 std::string coloured(std::string_view text, Colour colour)
 {
+    std::string result;
+    appendColoured(result, text, colour);
+    return result;
+}
+
+void appendColoured(std::string& line, std::string_view text, Colour colour)
+{
     static const bool shown = showsColours();
-    if (!shown)
-        return std::string(text);
-    return escapeOf(colour) + std::string(text) + "\x1b[0m";
+    if (shown)
+        line += escapeOf(colour);
+    line += text;
+    if (shown)
+        line += "\x1b[0m";
 }

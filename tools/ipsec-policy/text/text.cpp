@@ -1,7 +1,9 @@
 #include "text.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
+#include <cstring>
 
 namespace {
 
@@ -103,9 +105,14 @@ std::string escape(const Character& c)
 /// The longest start of `text` that fits into `width` columns, but at least one character.
 std::size_t fitting(std::string_view text, std::size_t width)
 {
+    // One more, as it could be drawn on top of the last.
+    if (isPlain(text.substr(0, width + 1)))
+        return std::min(text.size(), width);
+
     std::size_t end = 0;
     for (std::size_t used = 0; end < text.size();) {
-        const Character c = firstCharacter(text.substr(end));
+        const bool      isASCII = static_cast<unsigned char>(text[end]) < 0x80; // which nearly all is
+        const Character c       = isASCII ? Character{1, 0, true} : firstCharacter(text.substr(end));
         used += columnsOf(c);
         if (used > width && end > 0)
             break;
@@ -116,8 +123,42 @@ std::size_t fitting(std::string_view text, std::size_t width)
 
 } // namespace
 
+bool isPlain(std::string_view text)
+{
+    // Eight bytes at once, with arithmetic that does not carry from one to the next unless the answer is no already.
+    const std::size_t   SIZE = sizeof(std::uint64_t);
+    const std::uint64_t EACH = 0x0101010101010101U;
+    const std::uint64_t HIGH = 0x80 * EACH;
+    const auto          zero = [](std::uint64_t word) { return (word - EACH) & ~word; }; // HIGH where a byte is 0
+
+    std::uint64_t others = 0;
+    const auto    take   = [&](std::uint64_t word) {
+        others |= word | (word - ' ' * EACH); // not ASCII, a control character
+        others |= zero(word ^ ('\\' * EACH)) | zero(word ^ (0x7F * EACH));
+    };
+    const auto takeAt = [&](std::size_t at) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, text.data() + at, SIZE);
+        take(word);
+    };
+    if (text.size() < SIZE) {
+        std::uint64_t word = ' ' * EACH;
+        for (const char c : text)
+            word = word << 8U | static_cast<unsigned char>(c);
+        take(word);
+    } else {
+        for (std::size_t at = 0; at + SIZE <= text.size(); at += SIZE)
+            takeAt(at);
+        takeAt(text.size() - SIZE); // some of them once more
+    }
+    return (others & HIGH) == 0;
+}
+
 std::string printable(std::string_view text)
 {
+    if (isPlain(text))
+        return std::string(text);
+
     std::string result;
     result.reserve(text.size());
     while (!text.empty()) {
@@ -132,8 +173,22 @@ std::string printable(std::string_view text)
     return result;
 }
 
+std::size_t firstCharacterSize(std::string_view text)
+{
+    return text.empty() ? 0 : firstCharacter(text).length;
+}
+
+std::string sentenceStart(std::string text)
+{
+    text.front() = static_cast<char>(text.front() - 'a' + 'A');
+    return text;
+}
+
 std::size_t columnsOf(std::string_view text)
 {
+    if (isPlain(text))
+        return text.size();
+
     std::size_t columns = 0;
     while (!text.empty()) {
         const Character c = firstCharacter(text);
@@ -143,33 +198,36 @@ std::size_t columnsOf(std::string_view text)
     return columns;
 }
 
-std::vector<std::string> wrapped(std::string_view text, std::size_t width, std::size_t hanging)
+void wrap(std::string_view text, std::size_t width, std::size_t hanging, std::vector<WrappedLine>& lines)
 {
-    // No character takes more columns than bytes.
-    if (text.size() <= width)
-        return {std::string(text.substr(0, text.find_last_not_of(' ') + 1))};
-
     // A text may begin with any number of blanks: the further lines must keep room for something else.
     const std::size_t blanks = std::min(text.find_first_not_of(' '), text.size());
     const std::size_t indent = std::min(blanks + hanging, width / 2);
 
-    std::vector<std::string> lines;
-    std::string              margin;
+    std::size_t margin = 0;
     do {
-        const std::size_t room = width - margin.size();
-        std::size_t       end  = fitting(text, room);
+        std::size_t end = fitting(text, width - margin);
         if (end < text.size() && text[end] != ' ') {
             const std::size_t blank = text.substr(0, end).find_last_of(' ');
             if (blank != std::string_view::npos && text.find_first_not_of(' ') < blank)
                 end = blank;
         }
-        std::string line = margin + std::string(text.substr(0, end));
-        line.erase(line.find_last_not_of(' ') + 1);
-        lines.push_back(line);
+        lines.push_back({margin, text.substr(0, text.substr(0, end).find_last_not_of(' ') + 1)});
 
         text.remove_prefix(end);
         text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-        margin.assign(indent, ' ');
+        margin = indent;
     } while (!text.empty());
+}
+
+std::vector<std::string> wrapped(std::string_view text, std::size_t width, std::size_t hanging)
+{
+    std::vector<WrappedLine> pieces;
+    wrap(text, width, hanging, pieces);
+
+    std::vector<std::string> lines;
+    lines.reserve(pieces.size());
+    for (const WrappedLine& piece : pieces)
+        lines.push_back(std::string(piece.indent, ' ').append(piece.text));
     return lines;
 }

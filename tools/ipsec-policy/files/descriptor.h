@@ -1,7 +1,7 @@
 #ifndef IPSEC_POLICY_DESCRIPTOR_H
 #define IPSEC_POLICY_DESCRIPTOR_H
 
-#include "failure.h"
+#include "system_call.h"
 
 #include <cerrno>
 #include <string>
@@ -18,6 +18,17 @@ class Descriptor {
     {
         if (number_ < 0)
             throw systemFailure(fileName, errno);
+    }
+
+    Descriptor(Descriptor&& other) noexcept
+        : number_(std::exchange(other.number_, -1))
+    {
+    }
+
+    Descriptor& operator=(Descriptor&& other) noexcept
+    {
+        std::swap(number_, other.number_);
+        return *this;
     }
 
     Descriptor(const Descriptor&)            = delete;

@@ -1,0 +1,60 @@
+#include "options.h"
+
+#include "failure.h"
+#include "files.h"
+#include "text.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <limits>
+#include <string>
+#include <string_view>
+
+namespace {
+
+const char DIGITS[] = "0123456789";
+
+/// The power of two that a suffix stands for; negative if it is none.
+int shiftOf(std::string_view suffix)
+{
+    return suffix.empty() ? 0 : suffix == "K" ? 10 : suffix == "M" ? 20 : suffix == "G" ? 30 : -1;
+}
+
+Failure sizeFailure(const CLI::App& command, const std::string& text, const char* reason)
+{
+    return usageFailure(command.get_name(), "wrong use of option '--max-size': '" + printable(text) + "' " + reason);
+}
+
+std::size_t parseSize(const CLI::App& command, const std::string& text)
+{
+    const std::size_t digits = std::min(text.find_first_not_of(DIGITS), text.size());
+    const int         shift  = shiftOf(std::string_view(text).substr(digits));
+    if (digits == 0 || shift < 0)
+        throw sizeFailure(command, text, "is not a size: a number of bytes, or with K, M or G behind it, such as 64M");
+
+    const std::size_t most = std::numeric_limits<std::size_t>::max();
+    std::size_t       size = 0;
+    for (const char digit : text.substr(0, digits)) {
+        const auto value = static_cast<std::size_t>(digit - '0');
+        if (size > (most - value) / 10)
+            throw sizeFailure(command, text, "is more than this program can address");
+        size = size * 10 + value;
+    }
+    if (size > most >> shift)
+        throw sizeFailure(command, text, "is more than this program can address");
+    if (size == 0)
+        throw sizeFailure(command, text, "leaves nothing to read");
+    return size << shift;
+}
+
+} // namespace
+
+void addMaxSize(CLI::App& arguments, std::size_t& maxSize)
+{
+    arguments
+        .add_option_function<std::string>(
+            "--max-size", [&arguments, &maxSize](const std::string& text) { maxSize = parseSize(arguments, text); },
+            "Refuse larger files; bytes, or with K, M, G (64M)")
+        ->type_name("SIZE");
+}

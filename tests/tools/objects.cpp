@@ -64,4 +64,10 @@ TEST(ObjectPath, IsWrittenWithTheTagsOfTheDocument)
     EXPECT_EQ(textOf({Kind::HOST_GROUP, 12, ""}), "hostGroups/12");
 }
 
+TEST(ObjectPath, WithoutAnIDLeadsToTheCollection)
+{
+    EXPECT_EQ(textOf({Kind::ACTION, 0, ""}), "actions");
+    EXPECT_EQ(textOf({Kind::POLICY, 0, "nextpolicy"}), "policies/nextpolicy");
+}
+
 } // namespace

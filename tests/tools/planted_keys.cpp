@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include <cstddef>
+#include <iterator>
 #include <ostream>
 #include <set>
 #include <string>
@@ -62,12 +63,23 @@ std::string withManualKeys()
 }
 
 /// What the program prints of a document where no key belongs on the screen: all but what `format` stores. A document
-/// that does not load is refused in the same words by both commands, so that one of them tells.
+/// that does not load is refused in the same words by all commands, so that one of them tells. Of the other commands
+/// that show something one is asked each time, in turn.
 std::string everythingSaid(const std::string& text)
 {
+    static const std::vector<std::string> OTHERS[] = {
+        {"show", "-", "actions", "1"}, {"show", "--json", "-"}, {"graph", "-"}};
+    static std::size_t turn = 0;
+
     const Outcome shown = run({"show", "-"}, text);
     EXPECT_GE(shown.status, 0);
-    return shown.out + shown.err + (shown.status == 0 ? run({"format", "-"}, text).err : "");
+    std::string said = shown.out + shown.err;
+    if (shown.status != 0)
+        return said;
+    said += run({"format", "-"}, text).err;
+    const Outcome other = run(OTHERS[turn++ % std::size(OTHERS)], text);
+    EXPECT_GE(other.status, 0);
+    return said + other.out + other.err;
 }
 
 /// The pieces of all keys that `text` holds and that messages about a document without keys do not.
@@ -201,8 +213,33 @@ INSTANTIATE_TEST_SUITE_P(PlantedKeys, MisplacedKey, testing::ValuesIn(MISPLACED_
 
 TEST(PlantedKeys, ThePiecesWouldBeFound)
 {
-    const Outcome outcome = run({"show", "--show-keys", "-"}, withManualKeys());
-    EXPECT_THAT(piecesOfKeysIn(outcome.out), testing::IsSupersetOf({"Kq7Z", "v9Wx", "Hd2R", "Yc3 ", "Qs4:", "Lt2j"}));
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{"show", "--show-keys", "-"},
+                                                      {"show", "--show-keys", "-", "actions", "1"},
+                                                      {"show", "--show-keys", "-", "--json"}}) {
+        const Outcome outcome = run(arguments, withManualKeys());
+        EXPECT_THAT(piecesOfKeysIn(outcome.out),
+                    testing::IsSupersetOf({"Kq7Z", "v9Wx", "Hd2R", "Yc3 ", "Qs4:", "Lt2j"}));
+    }
+}
+
+class PlantedKeyFiles : public InFolder {};
+
+TEST_F(PlantedKeyFiles, CompletionsHoldNone)
+{
+    for (const std::string& text : {withPresharedKey(leaf("presharedKey", KEYS[0])), withManualKeys(),
+                                    withPresharedKey(KEYS[0] + "</presharedKey>")}) {
+        writeFile("policy.xml", text);
+        for (const std::vector<std::string>& words : {std::vector<std::string>{"show", "policy.xml", "actions", ""},
+                                                      {"show", "policy.xml", "policies", ""},
+                                                      {"show", "policy.xml", ""},
+                                                      {"show", "policy.xml", "actions", KEYS[0].substr(0, 2)}}) {
+            std::vector<std::string> arguments = {"__complete"};
+            arguments.insert(arguments.end(), words.begin(), words.end());
+            const Outcome outcome = run(arguments);
+            EXPECT_EQ(outcome.status, 0);
+            EXPECT_THAT(piecesOfKeysIn(outcome.out + outcome.err), testing::IsEmpty());
+        }
+    }
 }
 
 } // namespace

@@ -9,7 +9,7 @@
 #include <fstream>
 #include <iterator>
 #include <ostream>
-#include <sstream>
+#include <regex>
 #include <stdexcept>
 #include <system_error>
 
@@ -78,6 +78,8 @@ void feed(int descriptor, const std::string& input)
     pointers.push_back(nullptr);
 
     std::signal(SIGPIPE, SIG_DFL);
+    for (const char* const name : {"COLUMNS", "NO_COLOR"}) // the tests are not about whoever runs them
+        unsetenv(name);
     prepare();
     execv(PROGRAM_PATH, pointers.data());
     _exit(127);
@@ -146,12 +148,11 @@ std::vector<std::string> InFolder::fileNames()
 
 std::string contentOf(const std::string& fileName)
 {
-    std::ifstream      in(fileName, std::ios::binary);
-    std::ostringstream content;
-    content << in.rdbuf();
-    if (!in || !content)
+    std::ifstream     in(fileName, std::ios::binary);
+    const std::string content{std::istreambuf_iterator<char>(in), {}};
+    if (!in || std::filesystem::is_directory(fileName))
         throw std::runtime_error("cannot read " + fileName);
-    return content.str();
+    return content;
 }
 
 void writeFile(const std::string& fileName, const std::string& content)
@@ -198,6 +199,11 @@ std::string action(const std::string& name, const std::string& descr, const std:
 {
     return "<action><changeCount>0</changeCount><name>" + name + "</name><builtinName>0</builtinName><descr>" + descr +
            "</descr><builtinDescr>0</builtinDescr><type>0</type><state>0</state>" + mode + "</action>";
+}
+
+std::string withoutKey(const std::string& document)
+{
+    return std::regex_replace(document, std::regex("<presharedKey>[A-Za-z0-9_-]+<"), "<presharedKey>KEY<");
 }
 
 std::string policy(unsigned int hostGroup, unsigned int protocolGroup, unsigned int action)

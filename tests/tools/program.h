@@ -81,6 +81,9 @@ std::string group(const std::string& tag, const std::string& name, const std::st
 /// An action of one's own; `mode` begins with the SPD action.
 std::string action(const std::string& name, const std::string& descr, const std::string& mode);
 
+/// The starter configuration of `new` without its key, which is another one each time.
+std::string withoutKey(const std::string& document);
+
 std::string policy(unsigned int hostGroup, unsigned int protocolGroup, unsigned int action);
 
 #endif

@@ -8,8 +8,10 @@
 #include <ipsecimpl/config.h>
 
 #include <array>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 enum class Kind { HOST_GROUP, PROTOCOL_GROUP, ACTION, POLICY };
 
@@ -26,10 +28,17 @@ struct KindWords {
 
 const KindWords& wordsOf(Kind kind);
 
+/// Such as "host groups".
+std::string pluralOf(Kind kind);
+
+/// The kind that is called so on the command line, in the plural or the singular. Throws a Failure (TROUBLE) if none
+/// is.
+Kind kindNamed(std::string_view word);
+
 /// An object of a configuration, or a field of it.
 struct ObjectPath {
     Kind         kind = Kind::HOST_GROUP;
-    unsigned int id   = 0;
+    unsigned int id   = 0; ///< 0 is no object's: the collection, whose one field is its next ID ("nextpolicy")
 
     /// Tags of the document below the object's own, such as "ikePhase1/proposal/dhGroup". A list's members are counted
     /// from 1 in the order of the configuration in memory: "selectors/2/addr1", "ikePhase2/saProposal/1/hash". Empty
@@ -37,7 +46,7 @@ struct ObjectPath {
     std::string field;
 };
 
-/// Such as "policies/3/actionID".
+/// Such as "policies/3/actionID", or "policies/nextpolicy".
 std::string textOf(const ObjectPath& path);
 
 /// What the collection of `kind` is. `visit` takes any of the four.
@@ -77,5 +86,9 @@ inline const std::string& nameOf(const ipsecimpl::IPsecAction& action)
 /// Throws a Failure (TROUBLE) that says what there is instead, such as "no action is named 'x'", "no action has ID 7",
 /// "3 actions are named 'x' (IDs 1, 4, 9): give the ID".
 unsigned int findObject(const ipsecimpl::IPsecConfig& config, Kind kind, std::string_view reference);
+
+/// The same where objects are not in a configuration. `idsNamed` gives the IDs of all objects of a name, ascending.
+unsigned int findObject(Kind kind, std::string_view reference, const std::function<bool(unsigned int)>& exists,
+                        const std::function<std::vector<unsigned int>(std::string_view)>& idsNamed);
 
 #endif

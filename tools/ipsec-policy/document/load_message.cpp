@@ -29,11 +29,6 @@ const std::string_view WORDS[] = {
 };
 // clang-format on
 
-bool isWord(std::string_view text)
-{
-    return std::find(std::begin(WORDS), std::end(WORDS), text) != std::end(WORDS);
-}
-
 bool startsWith(std::string_view text, std::string_view start)
 {
     return text.substr(0, start.size()) == start;
@@ -46,7 +41,7 @@ bool endsWith(std::string_view text, std::string_view end)
 
 std::string shownTag(std::string_view name)
 {
-    return isWord(name) ? '<' + std::string(name) + '>' : "an unknown element";
+    return isWordOfFormat(name) ? '<' + std::string(name) + '>' : "an unknown element";
 }
 
 const char HIDDEN[] = "(not shown)";
@@ -62,7 +57,7 @@ std::string takeQuoted(std::string_view& text, bool isValue)
     std::string shown = HIDDEN;
     if (isTag)
         shown = shownTag(name);
-    else if (!isValue && isWord(name))
+    else if (!isValue && isWordOfFormat(name))
         shown = text.substr(0, end + 1);
     else if (close != std::string_view::npos)
         end = text.rfind('\''); // there may be quotes in what is quoted
@@ -78,7 +73,7 @@ std::string shownText(std::string_view text)
 
     if (text == APOSTROPHE)
         return std::string(text);
-    if (startsWith(text, UNKNOWN_TAG) && !isWord(text.substr(UNKNOWN_TAG.size())))
+    if (startsWith(text, UNKNOWN_TAG) && !isWordOfFormat(text.substr(UNKNOWN_TAG.size())))
         return std::string(UNKNOWN_TAG) + HIDDEN;
 
     std::string result;
@@ -93,17 +88,17 @@ std::string shownText(std::string_view text)
 }
 
 /// Takes the context from the end of a message, and returns it as it can be shown.
-std::string takeContext(std::string_view& message)
+std::vector<std::string> takeContext(std::string_view& message)
 {
     const std::string_view FROM = "\nfrom <";
 
-    std::string result;
+    std::vector<std::string> tags;
     for (;;) {
         const std::size_t start = std::min(message.rfind('\n'), message.size());
         if (!startsWith(message.substr(start), FROM) || !endsWith(message, ">"))
-            return result;
+            return tags;
         const std::string_view name = message.substr(start + FROM.size());
-        result                      = "\nfrom " + shownTag(name.substr(0, name.size() - 1)) + result;
+        tags.push_back(shownTag(name.substr(0, name.size() - 1)));
         message.remove_suffix(message.size() - start);
     }
 }
@@ -121,29 +116,39 @@ bool hasByteOrderMark(std::string_view document)
     return startsWith(document, "\xef\xbb\xbf") || startsWith(document, "\xff\xfe") || startsWith(document, "\xfe\xff");
 }
 
-} // namespace
-
+/// Such as "line 7", counted from 1, for what comes after the first `read` bytes.
 std::string lineAfter(std::string_view document, std::size_t read)
 {
     const std::string_view before = document.substr(0, read);
     return "line " + std::to_string(1 + std::count(before.begin(), before.end(), '\n'));
 }
 
-std::string loadMessage(const std::string& parserMessage, const Place& place)
+} // namespace
+
+bool isWordOfFormat(std::string_view name)
+{
+    return std::find(std::begin(WORDS), std::end(WORDS), name) != std::end(WORDS);
+}
+
+LoadFault loadFault(const std::string& parserMessage, const Place& place)
 {
     const std::size_t contentEnd = place.document.find_last_not_of(WHITE_SPACE) + 1;
     if (contentEnd == 0)
-        return "the document is empty";
+        return {"the document is empty", {}, false};
     if (hasByteOrderMark(place.document))
-        return "the document begins with a byte order mark, which this format does not have";
+        return {"the document begins with a byte order mark, which this format does not have", {}, false};
 
-    const std::string line = lineAfter(place.document, std::min(place.read, contentEnd)) + ": ";
-    if (place.document.substr(0, place.read).find('\0') != std::string_view::npos)
-        return line + "the document does not load; why cannot be told, because it holds a NUL character";
+    LoadFault fault;
+    fault.read    = std::min(place.read, contentEnd);
+    fault.isAtEnd = place.atEnd;
+    if (place.document.substr(0, place.read).find('\0') != std::string_view::npos) {
+        fault.message = "the document does not load; why cannot be told, because it holds a NUL character";
+        return fault;
+    }
 
-    std::string_view  text    = parserMessage;
-    const std::string context = takeContext(text);
-    std::string       hint;
+    std::string_view text = parserMessage;
+    fault.openElements    = takeContext(text);
+    std::string hint;
     if (place.atEnd) {
         hint = " (the document ends here)";
         if (endsWith(text, ", found '\xff'") || endsWith(text, ", got '\xff'"))
@@ -151,5 +156,16 @@ std::string loadMessage(const std::string& parserMessage, const Place& place)
     } else if (atDeclaration(place)) {
         hint = " (this format has no XML declaration, comments, DOCTYPE or CDATA)";
     }
-    return line + shownText(text) + hint + context;
+    fault.message = shownText(text) + hint;
+    return fault;
+}
+
+std::string loadMessage(const LoadFault& fault, std::string_view document)
+{
+    if (!fault.hasPlace)
+        return fault.message;
+    std::string text = lineAfter(document, fault.read) + ": " + fault.message;
+    for (auto element = fault.openElements.rbegin(); element != fault.openElements.rend(); ++element)
+        text += "\nfrom " + *element;
+    return text;
 }

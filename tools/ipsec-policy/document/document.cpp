@@ -2,13 +2,14 @@
 
 #include "failure.h"
 #include "files.h"
-#include "load_message.h"
+#include "storability.h"
 #include "text.h"
 
 #include <istream>
 #include <new>
 #include <sstream>
 #include <streambuf>
+#include <utility>
 
 using ipsecimpl::IPsecConfig;
 using ipsecimpl::ParseError;
@@ -21,7 +22,12 @@ namespace {
 /// Reads a text where it stands.
 class TextBuffer : public std::streambuf {
   public:
-    explicit TextBuffer(std::string& text) { setg(text.data(), text.data(), text.data() + text.size()); }
+    /// Nothing is ever written to the text: a stream buffer only takes back the character that was there.
+    explicit TextBuffer(std::string_view text)
+    {
+        char* const start = const_cast<char*>(text.data());
+        setg(start, start, start + text.size());
+    }
 
     std::size_t read() const { return static_cast<std::size_t>(gptr() - eback()); }
 };
@@ -50,24 +56,50 @@ Failure documentFailure(const std::string& fileName, const std::string& message)
 
 } // namespace
 
-IPsecConfig loadDocument(const std::string& fileName)
+LoadError::LoadError(LoadFault loadFault, std::string_view document)
+    : std::runtime_error(loadMessage(loadFault, document))
+    , fault(std::move(loadFault))
 {
-    std::string  text = readFile(fileName);
+}
+
+IPsecConfig loadDocument(const std::string& fileName, std::size_t maxSize)
+{
+    return parseDocument(readFile(fileName, maxSize), fileName);
+}
+
+IPsecConfig parseDocument(std::string_view text, const std::string& fileName)
+{
+    try {
+        return parseDocument(text);
+    } catch (const LoadError& error) {
+        throw documentFailure(fileName, error.what());
+    }
+}
+
+IPsecConfig parseDocument(std::string_view text)
+{
     TextBuffer   buffer(text);
     std::istream in(&buffer);
     try {
         IPsecConfig       config = parse(in);
         const std::size_t next   = text.find_first_not_of(WHITE_SPACE, buffer.read());
         if (next != std::string::npos)
-            throw documentFailure(fileName, lineAfter(text, next) + ": something follows </ipsec>");
+            throw LoadError({"something follows </ipsec>", {}, true, next + 1}, text);
         return config;
     } catch (const ParseError& error) {
-        throw documentFailure(fileName, loadMessage(error.what(), {text, buffer.read(), in.eof()}));
+        throw LoadError(loadFault(error.what(), {text, buffer.read(), in.eof()}), text);
     }
 }
 
 std::string storeDocument(IPsecConfig& config, const std::string& fileName)
 {
+    const auto refuse = [&fileName](const std::string& why) {
+        throw documentFailure(fileName,
+                              "this configuration cannot be stored: once written it would not load as the same" + why);
+    };
+    if (const std::string place = firstUnstorable(config); !place.empty())
+        refuse("\n" + place);
+
     std::string text = written(config);
     bool        same = false;
     try {
@@ -79,8 +111,6 @@ std::string storeDocument(IPsecConfig& config, const std::string& fileName)
         // The message could quote a piece of a key.
     }
     if (!same)
-        throw documentFailure(fileName, "this configuration cannot be stored: once written it would not load as the "
-                                        "same (a text holds '<' or has white space at an end, or a protocol selector "
-                                        "has no name)");
+        refuse("");
     return text;
 }

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <type_traits>
-#include <vector>
 
 using namespace ipsecimpl;
 
@@ -19,11 +18,6 @@ const KindWords WORDS[] = {
     {"actions", "actions", "action", "action"},
     {"policies", "policies", "policy", "policy"},
 };
-
-std::string pluralSentence(Kind kind)
-{
-    return kind == Kind::POLICY ? "policies" : wordsOf(kind).sentence + std::string("s");
-}
 
 bool isNumber(std::string_view text)
 {
@@ -42,7 +36,7 @@ unsigned int numberIn(std::string_view digits)
     return number;
 }
 
-std::vector<unsigned int> idsNamed(const IPsecConfig& config, Kind kind, std::string_view name)
+std::vector<unsigned int> namesakes(const IPsecConfig& config, Kind kind, std::string_view name)
 {
     return withCollection(config, kind, [name](const auto& collection) {
         std::vector<unsigned int> ids;
@@ -66,20 +60,37 @@ const KindWords& wordsOf(Kind kind)
     return WORDS[static_cast<std::size_t>(kind)];
 }
 
+std::string pluralOf(Kind kind)
+{
+    return kind == Kind::POLICY ? "policies" : wordsOf(kind).sentence + std::string("s");
+}
+
+Kind kindNamed(std::string_view word)
+{
+    for (const Kind kind : ALL_KINDS)
+        if (word == wordsOf(kind).plural || word == wordsOf(kind).singular)
+            return kind;
+    throw lookupFailure("'" + printable(word) +
+                        "' is no kind of object: there are host-groups, protocol-groups, actions and policies");
+}
+
 std::string textOf(const ObjectPath& path)
 {
-    std::string text = wordsOf(path.kind).collection + ('/' + std::to_string(path.id));
+    std::string text = wordsOf(path.kind).collection;
+    if (path.id != 0)
+        text += '/' + std::to_string(path.id);
     if (!path.field.empty())
         text += '/' + path.field;
     return text;
 }
 
-unsigned int findObject(const IPsecConfig& config, Kind kind, std::string_view reference)
+unsigned int findObject(Kind kind, std::string_view reference, const std::function<bool(unsigned int)>& exists,
+                        const std::function<std::vector<unsigned int>(std::string_view)>& idsNamed)
 {
     const std::string sentence = wordsOf(kind).sentence;
     if (isNumber(reference)) {
         const unsigned int id = numberIn(reference);
-        if (!withCollection(config, kind, [id](const auto& all) { return all.find(id) != nullptr; }))
+        if (!exists(id))
             throw lookupFailure("no " + sentence + " has ID " + std::string(reference));
         return id;
     }
@@ -88,15 +99,25 @@ unsigned int findObject(const IPsecConfig& config, Kind kind, std::string_view r
 
     const bool                      forced = reference.substr(0, FORCED_NAME.size()) == FORCED_NAME;
     const std::string_view          name   = forced ? reference.substr(FORCED_NAME.size()) : reference;
-    const std::vector<unsigned int> ids    = idsNamed(config, kind, name);
+    const std::vector<unsigned int> ids    = idsNamed(name);
     if (ids.empty())
         throw lookupFailure("no " + sentence + " is named '" + printable(name) + "'");
     if (ids.size() > 1) {
         std::string list;
         for (const unsigned int id : ids)
             list += (list.empty() ? "" : ", ") + std::to_string(id);
-        throw lookupFailure(std::to_string(ids.size()) + ' ' + pluralSentence(kind) + " are named '" + printable(name) +
+        throw lookupFailure(std::to_string(ids.size()) + ' ' + pluralOf(kind) + " are named '" + printable(name) +
                             "' (IDs " + list + "): give the ID");
     }
     return ids.front();
+}
+
+unsigned int findObject(const IPsecConfig& config, Kind kind, std::string_view reference)
+{
+    return findObject(
+        kind, reference,
+        [&](unsigned int id) {
+            return withCollection(config, kind, [id](const auto& all) { return all.find(id) != nullptr; });
+        },
+        [&](std::string_view name) { return namesakes(config, kind, name); });
 }

@@ -1,18 +1,38 @@
 #ifndef IPSEC_POLICY_DOCUMENT_H
 #define IPSEC_POLICY_DOCUMENT_H
 
+#include "files.h"
+#include "load_message.h"
+
 #include <ipsecimpl/config.h>
 
+#include <cstddef>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 
 /// What the help says about every argument that is read with loadDocument().
 extern const char DOCUMENT_HELP[];
 
-/// The configuration in the file, or on standard input for "-".
+/// The configuration in the file, or on standard input for "-", of at most `maxSize` bytes (see addMaxSize()).
 ///
 /// Throws a Failure for a file that cannot be read and for a document that does not load; its message is as
 /// loadMessage() tells. One document is expected: what follows it is a Failure too, or it would get lost unnoticed.
-ipsecimpl::IPsecConfig loadDocument(const std::string& fileName);
+ipsecimpl::IPsecConfig loadDocument(const std::string& fileName, std::size_t maxSize = USUAL_MAX_SIZE);
+
+/// The configuration in a text that was read from `fileName`, with the same failures but those of reading.
+ipsecimpl::IPsecConfig parseDocument(std::string_view text, const std::string& fileName);
+
+/// A document does not load. what() is loadMessage().
+class LoadError : public std::runtime_error {
+  public:
+    LoadError(LoadFault loadFault, std::string_view document);
+
+    LoadFault fault;
+};
+
+/// The configuration in a text. Throws a LoadError.
+ipsecimpl::IPsecConfig parseDocument(std::string_view text);
 
 /// The document in the written form.
 ///

@@ -1,0 +1,37 @@
+#include "stored_text.h"
+
+#include "load_message.h"
+
+namespace {
+
+bool isWhiteSpace(char c)
+{
+    return std::string_view(WHITE_SPACE).find(c) != std::string_view::npos;
+}
+
+} // namespace
+
+bool holdsMarkup(std::string_view text)
+{
+    return text.find('<') != std::string_view::npos;
+}
+
+bool hasOuterWhiteSpace(std::string_view text)
+{
+    return !text.empty() && (isWhiteSpace(text.front()) || isWhiteSpace(text.back()));
+}
+
+bool isBlank(std::string_view text)
+{
+    return text.find_first_not_of(WHITE_SPACE) == std::string_view::npos;
+}
+
+bool survives(std::string_view text)
+{
+    return !holdsMarkup(text) && !hasOuterWhiteSpace(text);
+}
+
+bool nameSurvives(std::string_view name)
+{
+    return !name.empty() && survives(name);
+}

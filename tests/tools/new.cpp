@@ -1,3 +1,4 @@
+#include "golden.h"
 #include "program.h"
 
 #include "support/xml.h"
@@ -7,6 +8,7 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <set>
 #include <string>
 
 #include <sys/stat.h>
@@ -102,7 +104,26 @@ TEST(New, MarksWhatTheOperatorHasToChange)
     EXPECT_THAT(config.actions.at(3).ikePhase1Get().localCertGet(), HasSubstr("CHANGE-ME"));
     EXPECT_THAT(config.actions.at(3).ikePhase1Get().peerTrustGet(), HasSubstr("CHANGE-ME"));
     EXPECT_THAT(config.actions.at(4).descrGet(), HasSubstr("CHANGE ME"));
-    EXPECT_THAT(config.actions.at(4).ikePhase1Get().presharedKeyGet(), HasSubstr("CHANGE ME"));
+}
+
+TEST(New, ThePresharedKeyIsRandomLongAndOfSeveralCharacterClasses)
+{
+    std::set<std::string> keys;
+    for (int i = 0; i < 20; ++i) {
+        const std::string key = starter().actions.at(4).ikePhase1Get().presharedKeyGet();
+        EXPECT_THAT(key, testing::MatchesRegex("[A-Za-z0-9_-]+"));
+        EXPECT_EQ(key.size(), 32U);
+        for (const char* characters : {"ABCDEFGHIJKLMNOPQRSTUVWXYZ", "abcdefghijklmnopqrstuvwxyz", "0123456789"})
+            EXPECT_NE(key.find_first_of(characters), std::string::npos) << key;
+        keys.insert(key);
+    }
+    EXPECT_EQ(keys.size(), 20U) << "each is another";
+}
+
+TEST(New, AllButThePresharedKeyIsTheSameEachTime)
+{
+    EXPECT_EQ(withoutKey(run({"new"}).out), withoutKey(run({"new"}).out));
+    expectGolden("new.xml", withoutKey(run({"new"}).out));
 }
 
 class NewOutput : public InFolder {};
@@ -110,14 +131,17 @@ class NewOutput : public InFolder {};
 TEST_F(NewOutput, GoesToANewFileForItsOwnerAlone)
 {
     EXPECT_EQ(run({"new", "-o", "policy.xml"}, "", [] { umask(0); }), printed(""));
-    EXPECT_EQ(contentOf("policy.xml"), run({"new"}).out);
+    EXPECT_EQ(withoutKey(contentOf("policy.xml")), withoutKey(run({"new"}).out));
     EXPECT_EQ(modeOf("policy.xml"), 0600U);
     EXPECT_THAT(fileNames(), ElementsAre("policy.xml"));
 }
 
 TEST_F(NewOutput, MayBeStandardOutput)
 {
-    EXPECT_EQ(run({"new", "--output", "-"}), run({"new"}));
+    const Outcome outcome = run({"new", "--output", "-"});
+    EXPECT_EQ(printed(withoutKey(outcome.out)), printed(withoutKey(run({"new"}).out)));
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
     EXPECT_THAT(fileNames(), ElementsAre());
 }
 

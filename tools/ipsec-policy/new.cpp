@@ -1,6 +1,7 @@
 #include "commands.h"
 #include "document.h"
 #include "files.h"
+#include "random_key.h"
 
 #include <ipsecimpl/ipsecimpl.h>
 
@@ -43,10 +44,11 @@ IPsecAction sampleTunnel(const IKEPhase1Proposal& none)
 IPsecAction sampleTransport(const IKEPhase1Proposal& none)
 {
     IPsecAction action(SPD_TRANSPORT, "Protect the file server", 0,
-                       "CHANGE ME: the pre-shared key, to 20 random characters or more that only the server has too. "
-                       "The numbers in phase 2 are as in the tunnel.",
+                       "CHANGE ME: the server needs the same pre-shared key. This one is random and was made for this "
+                       "file alone. The numbers in phase 2 are as in the tunnel.",
                        0, KEYMGR_IKE);
-    setKeyExchange(action, IKEPhase1(IKE_AUTH_PSK, "", "", "CHANGE ME to 20 random characters or more", none));
+    // Not one text for all: what stays in a file that nobody changed is to be a secret all the same.
+    setKeyExchange(action, IKEPhase1(IKE_AUTH_PSK, "", "", randomKey(), none));
     return action;
 }
 
@@ -115,9 +117,16 @@ std::function<ExitStatus()> declare(CLI::App& arguments)
 const Command NEW_COMMAND = {
     "new",
     "Make a starter configuration",
-    "OUT is made for its owner alone (mode 0600), because it will hold keys; a file\n"
-    "that exists is never overwritten. What a redirect ('new > policy.xml') makes can\n"
-    "be read by others, unless the umask forbids it.",
-    "ipsec-policy new -o policy.xml       # then look for CHANGE ME in it",
+    "The configuration holds the groups and actions that are the library's own, a\n"
+    "tunnel with certificates, and a transport with a pre-shared key, both with AES,\n"
+    "SHA and Diffie-Hellman group 14. 'CHANGE ME' stands where your addresses and\n"
+    "names belong. The pre-shared key is random, 32 characters that the kernel gave\n"
+    "(getrandom), so that no two configurations have the same: the peer needs it too\n"
+    "('show --show-keys' tells it). All else is the same each time.\n\n"
+    "OUT is made for its owner alone (mode 0600), because it holds a key; a file that\n"
+    "exists is never overwritten. What a redirect ('new > policy.xml') makes can be\n"
+    "read by others, unless the umask forbids it.",
+    "ipsec-policy new -o policy.xml       # then look for CHANGE ME in it\n"
+    "ipsec-policy new | ipsec-policy show -",
     declare,
 };

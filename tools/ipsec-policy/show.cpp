@@ -1,108 +1,79 @@
 #include "commands.h"
-#include "describe.h"
 #include "document.h"
 #include "files.h"
+#include "object_view.h"
 #include "objects.h"
-#include "table.h"
+#include "options.h"
+#include "overview.h"
+#include "show_json.h"
 
 #include <CLI/CLI.hpp>
 
-#include <cstddef>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 using namespace ipsecimpl;
 
 namespace {
 
-const std::size_t WIDTH     = 80;
-const char        MISSING[] = " !! missing";
-
 struct Options {
     std::string file;
-    bool        showKeys = false;
+    std::string kind;
+    std::string object;
+    bool        oneKind   = false; ///< else `kind` means nothing
+    bool        oneObject = false; ///< else `object` means nothing
+    bool        showKeys  = false;
+    bool        json      = false;
+    std::size_t maxSize   = USUAL_MAX_SIZE;
 };
 
-/// The section of one collection: a heading, and the table unless it would be empty.
-template <class Collection>
-std::string section(const char* title, const Collection& collection, const Table& table)
+/// The memory of a document that has been read serves again for what is made of it: the allocator would give such large
+/// pieces back to the system, and ask for others, page by page.
+void keepMemory()
 {
-    // Beyond this the collection hands out no IDs.
-    const bool        full = collection.nextIDGet() > 2147483647U;
-    const std::string next = full ? "no ID left" : "next ID " + std::to_string(collection.nextIDGet());
-
-    std::string text = title;
-    text += collection.empty() ? ": none" : ": " + std::to_string(collection.size());
-    text += " (" + next + ")\n";
-    if (!collection.empty())
-        text += '\n' + table.text(WIDTH);
-    return text;
+#ifdef __GLIBC__
+    mallopt(M_MMAP_THRESHOLD, 1024 * 1024 * 1024);
+#endif
 }
 
-Table::Cell nameCell(const std::string& name, bool builtIn)
+void appendTables(Blocks& out, const IPsecConfig& config, const std::vector<Kind>& kinds, bool showKeys)
 {
-    Table::Cell cell = {name.empty() ? "(no name)" : name};
-    if (builtIn)
-        cell.push_back("[built-in]");
-    return cell;
-}
-
-template <class Groups>
-std::string showGroups(const char* title, const char* contents, const Groups& groups)
-{
-    Table table({{"ID", Table::Kind::NUMBER},
-                 {"NAME", Table::Kind::TEXT},
-                 {contents, Table::Kind::TEXT},
-                 {"DESCRIPTION", Table::Kind::PROSE}});
-    for (const auto& [id, group] : groups) {
-        Table::Cell selectors;
-        for (const auto& selector : group.selectors)
-            selectors.push_back(describe(selector));
-        if (selectors.empty())
-            selectors.push_back("(nothing)");
-        const bool builtIn = group.builtinName > 0 || group.builtinDescr > 0;
-        table.add({{std::to_string(id)}, nameCell(group.name, builtIn), std::move(selectors), {group.descr}});
+    Overview overview(config, showKeys);
+    for (const Kind kind : kinds) {
+        if (kind != kinds.front())
+            out.append("\n");
+        overview.appendSection(out, kind);
     }
-    return section(title, groups, table);
-}
-
-std::string showActions(const Actions& actions, bool showKeys)
-{
-    Table table({{"ID", Table::Kind::NUMBER}, {"NAME", Table::Kind::TEXT}, {"ACTION", Table::Kind::TEXT}});
-    for (const auto& [id, action] : actions)
-        table.add({{std::to_string(id)}, nameCell(action.nameGet(), action.isBuiltIn()), describe(action, showKeys)});
-    return section("Actions", actions, table);
-}
-
-template <class Collection>
-std::string reference(const Collection& collection, unsigned int id)
-{
-    const auto* const entry = collection.find(id);
-    return std::to_string(id) + (entry == nullptr ? MISSING : ' ' + nameOf(*entry));
-}
-
-std::string showPolicies(const IPsecConfig& config)
-{
-    Table table({{"ID", Table::Kind::NUMBER},
-                 {"HOST GROUP", Table::Kind::TEXT},
-                 {"PROTOCOL GROUP", Table::Kind::TEXT},
-                 {"ACTION", Table::Kind::TEXT}});
-    for (const auto& [id, policy] : config.policies)
-        table.add({{std::to_string(id)},
-                   {reference(config.hostGroups, policy.hostGroupID)},
-                   {reference(config.protocolGroups, policy.protocolGroupID)},
-                   {reference(config.actions, policy.actionID)}});
-    return section("Policies", config.policies, table);
 }
 
 ExitStatus show(const Options& options)
 {
-    const IPsecConfig config = loadDocument(options.file);
-    writeStandardOutput(showGroups("Host groups", "HOSTS", config.hostGroups) + '\n' +
-                        showGroups("Protocol groups", "TRAFFIC", config.protocolGroups) + '\n' +
-                        showActions(config.actions, options.showKeys) + '\n' + showPolicies(config));
+    std::vector<Kind> kinds(ALL_KINDS.begin(), ALL_KINDS.end());
+    if (options.oneKind)
+        kinds = {kindNamed(options.kind)};
+
+    keepMemory();
+    // Never destroyed: to take a large configuration apart takes long, and the program is about to end.
+    static const IPsecConfig* const config = new IPsecConfig(loadDocument(options.file, options.maxSize));
+
+    Blocks out;
+    if (options.oneObject) {
+        const unsigned int id = findObject(*config, kinds.front(), options.object);
+        if (options.json)
+            appendJson(out, *config, kinds.front(), id, options.showKeys);
+        else
+            appendObject(out, *config, kinds.front(), id, options.showKeys);
+    } else if (options.json) {
+        appendJson(out, *config, kinds, options.showKeys);
+    } else {
+        appendTables(out, *config, kinds, options.showKeys);
+    }
+    writeStandardOutput(out);
     return ExitStatus::CLEAN;
 }
 
@@ -110,9 +81,21 @@ std::function<ExitStatus()> declare(CLI::App& arguments)
 {
     const auto options = std::make_shared<Options>();
     arguments.add_option("FILE", options->file, DOCUMENT_HELP)->required()->type_name("");
+    const CLI::Option* const kind =
+        arguments.add_option("KIND", options->kind, "Only these: host-groups, protocol-groups, actions or\npolicies")
+            ->type_name("");
+    const CLI::Option* const object =
+        arguments.add_option("OBJECT", options->object, "Only this one in full: its ID or its unique name")
+            ->type_name("");
+    arguments.add_flag("--json", options->json, "Print JSON for scripts")->disable_flag_override();
     arguments.add_flag("--show-keys", options->showKeys, "Show keys, pre-shared keys and IVs too")
         ->disable_flag_override();
-    return [options] { return show(*options); };
+    addMaxSize(arguments, options->maxSize);
+    return [options, kind, object] {
+        options->oneKind   = kind->count() > 0;
+        options->oneObject = object->count() > 0;
+        return show(*options);
+    };
 }
 
 } // namespace
@@ -120,11 +103,20 @@ std::function<ExitStatus()> declare(CLI::App& arguments)
 const Command SHOW_COMMAND = {
     "show",
     "Show a configuration as tables, without its keys",
-    "Lines are 80 columns wide at most: longer texts are wrapped, never cut. What a\n"
-    "terminal would obey instead of show is escaped (\\n, \\x1b, \\u{202e}; \\\\ is a\n"
-    "backslash). Messages about a document never quote its texts, as these could be\n"
-    "keys.",
+    "One object is shown with all fields that the document has of it, under the\n"
+    "document's own tags, and with the policies that use it. A name of digits is\n"
+    "given as name=7. '!! missing' marks IDs that nothing has, [built-in] what the\n"
+    "library made.\n\n"
+    "Tables are as wide as the terminal at most, or as the variable COLUMNS says:\n"
+    "longer texts are wrapped, never cut. Elsewhere they are 80 columns wide. Colours\n"
+    "are for terminals only, and not if the variable NO_COLOR is set. What a terminal\n"
+    "would obey instead of show is escaped (\\n, \\x1b, \\u{202e}; \\\\ is a backslash).\n"
+    "Messages about a document never quote its texts, as these could be keys.\n\n"
+    "With --json, what is hidden is null, and \"hidden\": true stands beside it.",
     "ipsec-policy show policy.xml\n"
+    "ipsec-policy show policy.xml policies\n"
+    "ipsec-policy show policy.xml actions 'Office tunnel'\n"
+    "ipsec-policy show --json policy.xml policies | jq '.policies[].actionName'\n"
     "ipsec-policy new | ipsec-policy show -",
     declare,
 };

@@ -1,0 +1,123 @@
+#include "program.h"
+
+#include <cstddef>
+#include <ostream>
+#include <string>
+
+namespace {
+
+/// A document that does not load, and what check says about it.
+struct Broken {
+    std::string document;
+    std::string place;   ///< line and column
+    std::string line;    ///< as it is shown; empty if none is
+    std::string marks;   ///< under it
+    std::string message; ///< in lines as they are wrapped
+};
+
+std::ostream& operator<<(std::ostream& out, const Broken& broken)
+{
+    return out << broken.document;
+}
+
+std::string reportOf(const Broken& broken)
+{
+    const std::string number = broken.place.substr(0, broken.place.find(':'));
+    std::string       text   = "standard input:" + broken.place + ": error: does-not-load\n";
+    if (!broken.line.empty())
+        text +=
+            std::string(6 - number.size(), ' ') + number + " | " + broken.line + "\n       | " + broken.marks + '\n';
+    return text + broken.message + "\n1 error in 1 file\n";
+}
+
+class BrokenDocument : public testing::TestWithParam<Broken> {};
+
+TEST_P(BrokenDocument, IsAFindingAtThePlaceWhereItsReaderGaveUp)
+{
+    EXPECT_EQ(run({"check", "-"}, GetParam().document), (Outcome{1, reportOf(GetParam()), ""}));
+}
+
+const char BEFORE_MODE[] = "<ipsec><hostGroups/><protocolGroups/>\n<actions>\n<actionEntry><id>1</id><action>"
+                           "<changeCount>0</changeCount><name>n</name><builtinName>0</builtinName><descr>d</descr>"
+                           "<builtinDescr>0</builtinDescr><type>0</type><state>0</state>\n";
+
+// clang-format off
+const Broken AT_TAGS[] = {
+    {"<ipsec>\n<hostGroups>\n  </policies>\n", "3:3", "  </policies>", "  ^~~~~~~~~~~",
+     "    Reading ends here: parse_end_tag: begin/end tags don't match. Open elements:\n"
+     "    <ipsec> <hostGroups>. No more of this document was checked.\n"},
+    {"<ipsec>\n<policies>\n", "2:1", "<policies>", "^~~~~~~~~",
+     "    Reading ends here: parse_simple_tag: wrong tag; expected <hostGroups>, found\n"
+     "    <policies>. Open elements: <ipsec> <policies>. No more of this document was\n"
+     "    checked.\n"},
+    // The tag that is missing should stand before this one.
+    {"<ipsec>\n\n </ipsec>", "3:2", " </ipsec>", " ^~~~~~~~",
+     "    Reading ends here: parse_simple_tag: missing tag; expected <hostGroups>.\n"
+     "    Open elements: <ipsec>. No more of this document was checked.\n"},
+    {"<ipsec a='1'>", "1:1", "<ipsec ***>", "^~~~~~~~~~",
+     "    Reading ends here: parse_tag_end: invalid attribute or missing '>'. Open\n"
+     "    elements: <ipsec>. No more of this document was checked.\n"},
+    {"<ipsec><hostGroups><hostGroupEntry/>", "1:20", "<ipsec><hostGroups><hostGroupEntry/>",
+                                                     "                   ^~~~~~~~~~~~~~~~~",
+     "    Reading ends here: hostGroup missing required data. No more of this document\n"
+     "    was checked.\n"},
+};
+
+const Broken AT_LEAVES[] = {
+    {"<ipsec><hostGroups>\n<hostGroupEntry><id>0</id>", "2:17", "<hostGroupEntry><id>***</id>",
+                                                                "                ^~~~~~~~~~~~",
+     "    Reading ends here: invalid ID for hostGroup. No more of this document was\n"
+     "    checked.\n"},
+    {std::string(BEFORE_MODE) + "<spdAction>ENCRYPT</spdAction>", "4:1", "<spdAction>***</spdAction>",
+                                                                         "^~~~~~~~~~~~~~~~~~~~~~~~~~",
+     "    Reading ends here: bad value (not shown) for <spdAction> in <action>. No\n"
+     "    more of this document was checked.\n"},
+    {document("", "", "", entry("policy", 1, policy(1, 1, 1)) + "\n" + entry("policy", 1, policy(2, 2, 2))),
+     "2:14", "<policyEntry><id>***</id><policy><hostGroupID>***</hostGroupID><p...",
+             "             ^~~~",
+     "    Reading ends here: duplicate ID. No more of this document was checked.\n"},
+};
+
+const Broken AT_TEXTS[] = {
+    {"<ipsec>text<hostGroups>", "1:8", "<ipsec>***<hostGroups>", "       ^~~",
+     "    Reading ends here: parse_tag: expected '<', found (not shown). Open\n"
+     "    elements: <ipsec>. No more of this document was checked.\n"},
+    {"<?xml version='1.0'?>\n<ipsec>", "1:1", "***", "^~~",
+     "    Reading ends here: parse_tag: unnamed tag (this format has no XML\n"
+     "    declaration, comments, DOCTYPE or CDATA). No more of this document was\n"
+     "    checked.\n"},
+    {document() + "\t<!-- end -->", "2:2", "    ***", "    ^~~",
+     "    Reading ends here: something follows </ipsec>. No more of this document was\n"
+     "    checked.\n"},
+    {std::string("<ipsec>\n\0x", 10), "2:1", "***", "^~~",
+     "    Reading ends here: the document does not load; why cannot be told, because\n"
+     "    it holds a NUL character. No more of this document was checked.\n"},
+};
+
+const Broken AT_ENDS[] = {
+    {"", "1:1", "", "",
+     "    Reading ends here: the document is empty. No more of this document was\n"
+     "    checked.\n"},
+    {" \n\n", "1:1", " ", "^",
+     "    Reading ends here: the document is empty. No more of this document was\n"
+     "    checked.\n"},
+    {"\xef\xbb\xbf" + document(), "1:1", "***<ipsec><hostGroups></hostGroups><protocolGroups></protocolGrou...",
+                                         "^~~",
+     "    Reading ends here: the document begins with a byte order mark, which this\n"
+     "    format does not have. No more of this document was checked.\n"},
+    {"<ipsec>\n\t<hostGroups>\n\n", "2:14", "    <hostGroups>", "                ^",
+     "    Reading ends here: parse_tag: expected '<' (the document ends here). Open\n"
+     "    elements: <ipsec> <hostGroups>. No more of this document was checked.\n"},
+    {"<ipsec>\r\n<host", "2:6", "***", "   ^",
+     "    Reading ends here: parse_simple_tag: wrong tag; expected <hostGroups>, found\n"
+     "    an unknown element (the document ends here). Open elements: <ipsec> an\n"
+     "    unknown element. No more of this document was checked.\n"},
+};
+// clang-format on
+
+INSTANTIATE_TEST_SUITE_P(CheckLoadTags, BrokenDocument, testing::ValuesIn(AT_TAGS));
+INSTANTIATE_TEST_SUITE_P(CheckLoadLeaves, BrokenDocument, testing::ValuesIn(AT_LEAVES));
+INSTANTIATE_TEST_SUITE_P(CheckLoadTexts, BrokenDocument, testing::ValuesIn(AT_TEXTS));
+INSTANTIATE_TEST_SUITE_P(CheckLoadEnds, BrokenDocument, testing::ValuesIn(AT_ENDS));
+
+} // namespace

@@ -1,0 +1,107 @@
+// What holds for every rule: codes and texts are part of the interface.
+
+#include "check_report.h"
+#include "program.h"
+#include "rules.h"
+
+#include <gmock/gmock.h>
+
+#include <cstddef>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+using testing::ElementsAreArray;
+
+namespace {
+
+TEST(CheckRules, HaveCodesOfTheirOwn)
+{
+    std::set<std::string> codes;
+    for (const Rule* const rule : allRules()) {
+        EXPECT_TRUE(codes.insert(rule->code).second) << rule->code;
+        EXPECT_TRUE(std::regex_match(rule->code, std::regex("[a-z0-9]+(-[a-z0-9]+)*"))) << rule->code;
+        EXPECT_EQ(&findRule(rule->code), rule);
+    }
+    EXPECT_GT(codes.size(), 70U);
+}
+
+TEST(CheckRules, HaveASummaryLikeATitle)
+{
+    for (const Rule* const rule : allRules())
+        EXPECT_TRUE(std::regex_match(rule->summary, std::regex("[A-Z].{10,70}[^.]"))) << rule->code << rule->summary;
+}
+
+TEST(CheckRules, HaveAnExplanationInSentencesOfEightyColumns)
+{
+    for (const Rule* const rule : allRules()) {
+        const std::string text = rule->explanation;
+        EXPECT_TRUE(std::regex_search(text, std::regex("^[A-Z0-9<][^]*[.)]$"))) << rule->code;
+        std::istringstream lines(text);
+        for (std::string line; std::getline(lines, line);)
+            EXPECT_LE(line.size(), 80U) << rule->code << ": " << line;
+    }
+}
+
+TEST(CheckRules, NameTheirReasonsInOneForm)
+{
+    const std::regex form("|RFC [0-9]+( (section|sections|appendix) [^,]*)?");
+    for (const Rule* const rule : allRules())
+        EXPECT_TRUE(std::regex_match(rule->reference, form)) << rule->code << ": " << rule->reference;
+}
+
+TEST(CheckRules, AreExplainedByTheProgram)
+{
+    for (const Rule* const rule : allRules()) {
+        const std::string title =
+            std::string(rule->code) + " (" + wordOf(rule->level) + "): " + rule->summary + "\n\n" + rule->explanation;
+        const std::string reference = *rule->reference == '\0' ? "" : std::string("\nSee ") + rule->reference + ".\n";
+        EXPECT_EQ(run({"check", "--explain", rule->code}), printed(title + '\n' + reference));
+    }
+}
+
+TEST(CheckRules, AreListedByTheProgram)
+{
+    std::vector<std::string> expected = {"CODE"};
+    for (const Rule* const rule : allRules())
+        expected.push_back(std::string(rule->code) + ' ' + wordOf(rule->level));
+
+    const Outcome outcome = run({"check", "--list"}, "", [] { setenv("COLUMNS", "200", 1); });
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+    std::vector<std::string> listed;
+    std::istringstream       lines(outcome.out);
+    for (std::string line; std::getline(lines, line);) {
+        std::string code;
+        std::string level;
+        std::istringstream(line) >> code >> level;
+        listed.push_back(code == "CODE" ? code : code + ' ' + level);
+    }
+    EXPECT_THAT(listed, ElementsAreArray(expected));
+}
+
+/// The rows of the table of codes in the document, such as "| `code` | level | summary | reference |".
+std::vector<std::string> rowsIn(const std::string& fileName)
+{
+    const std::string text = contentOf(fileName);
+
+    std::vector<std::string> rows;
+    std::istringstream       lines(text.substr(text.find("\n## Codes\n")));
+    for (std::string line; std::getline(lines, line);)
+        if (line.compare(0, 3, "| `") == 0)
+            rows.push_back(line);
+    return rows;
+}
+
+TEST(CheckRules, AreThoseOfTheDocumentation)
+{
+    std::vector<std::string> expected;
+    for (const Rule* const rule : allRules())
+        expected.push_back(std::string("| `") + rule->code + "` | " + wordOf(rule->level) + " | " + rule->summary +
+                           " | " + rule->reference + (*rule->reference == '\0' ? "|" : " |"));
+    EXPECT_THAT(rowsIn(DOCS_DIR "/check.md"), ElementsAreArray(expected));
+}
+
+} // namespace

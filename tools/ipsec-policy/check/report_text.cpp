@@ -1,0 +1,151 @@
+#include "check_report.h"
+#include "excerpt.h"
+#include "hidden.h"
+#include "position.h"
+#include "terminal.h"
+#include "text.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace {
+
+const char        INDENT[]          = "    ";
+const char        MARGIN[]          = " | ";
+const std::size_t LINE_NUMBER_WIDTH = 6;
+
+// Nobody reads more of a line, however wide the terminal is.
+const std::size_t GREATEST_EXCERPT = 200;
+const std::size_t LEAST_EXCERPT    = 10;
+
+Colour colourOf(Level level)
+{
+    return level == Level::ERROR ? Colour::RED : level == Level::WARNING ? Colour::YELLOW : Colour::CYAN;
+}
+
+std::string counted(std::size_t count, const char* what)
+{
+    return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
+}
+
+std::string aligned(std::size_t line)
+{
+    std::string number = std::to_string(line);
+    number.insert(0, LINE_NUMBER_WIDTH - std::min(number.size(), LINE_NUMBER_WIDTH), ' ');
+    return number;
+}
+
+class TextReport : public Report {
+  public:
+    TextReport(StandardOutput& out, bool showKeys)
+        : out_(out)
+        , showsKeys_(showKeys)
+        , width_(outputWidth())
+    {
+    }
+
+    void add(const CheckedFile& file) override;
+    void addUnread(const std::string&, const std::string&) override {} // standard error has told
+    void finish(const Totals& totals) override;
+
+  private:
+    void addHeading(const Finding& finding, const std::string& fileName, const Position& position);
+    void addExcerpt(const Excerpt& excerpt, const std::string& lineNumber, Level level);
+    void addMessage(const Finding& finding);
+
+    StandardOutput& out_;
+    bool            showsKeys_;
+    std::size_t     width_;
+    std::string     text_; // of one finding
+
+    // Kept to use their memory again.
+    std::string              place_;
+    std::string              message_;
+    std::vector<WrappedLine> lines_;
+};
+
+void TextReport::add(const CheckedFile& file)
+{
+    std::vector<Span> hidden;
+    if (file.source && !file.findings.empty() && !showsKeys_)
+        hidden = secretsOf(*file.source);
+
+    const std::string name = shownName(file);
+    PositionCounter   counter(file.text);
+    for (const Finding& finding : file.findings) {
+        const Position position = counter.at(finding.offset);
+        text_.clear();
+        addHeading(finding, name, position);
+        if (finding.isLocated) {
+            const Span        what   = {finding.offset, finding.length};
+            const std::string number = aligned(position.line);
+            const std::size_t margin = number.size() + sizeof MARGIN - 1;
+            const std::size_t width  = std::clamp(width_ - std::min(width_, margin), LEAST_EXCERPT, GREATEST_EXCERPT);
+            if (!file.source && !showsKeys_)
+                hidden = hiddenInBroken(file.text, excerptSpan(file.text, what, width));
+            addExcerpt(excerptOf(file.text, what, hidden, width), number, finding.rule->level);
+        }
+        addMessage(finding);
+        out_.write(text_);
+    }
+}
+
+void TextReport::addHeading(const Finding& finding, const std::string& fileName, const Position& position)
+{
+    place_ = fileName;
+    if (finding.isLocated)
+        (((place_ += ':') += std::to_string(position.line)) += ':') += std::to_string(position.column);
+    place_ += ':';
+    appendColoured(text_, place_, Colour::BOLD);
+
+    const Rule& rule = *finding.rule;
+    text_ += ' ';
+    appendColoured(text_, wordOf(rule.level), colourOf(rule.level));
+    (text_ += ": ") += rule.code;
+    if (!finding.isAboutFile)
+        (text_ += ": ") += textOf(finding.path);
+    text_ += '\n';
+}
+
+void TextReport::addExcerpt(const Excerpt& excerpt, const std::string& lineNumber, Level level)
+{
+    if (excerpt.line.empty())
+        return;
+    (((text_ += lineNumber) += MARGIN) += excerpt.line) += '\n';
+    text_.append(lineNumber.size(), ' ') += MARGIN;
+    appendColoured(text_, excerpt.marks, colourOf(level));
+    text_ += '\n';
+}
+
+void TextReport::addMessage(const Finding& finding)
+{
+    message_ = INDENT;
+    message_ += finding.message;
+    if (*finding.rule->reference != '\0')
+        ((message_ += " (") += finding.rule->reference) += ')';
+    lines_.clear();
+    wrap(message_, width_, 0, lines_);
+    for (const WrappedLine& line : lines_)
+        text_.append(line.indent, ' ').append(line.text) += '\n';
+    text_ += '\n';
+}
+
+void TextReport::finish(const Totals& totals)
+{
+    std::string found;
+    for (const Level level : {Level::ERROR, Level::WARNING, Level::NOTE})
+        if (const std::size_t count = countOf(totals, level); count > 0)
+            found += (found.empty() ? "" : ", ") + counted(count, wordOf(level));
+    std::string text = (found.empty() ? "nothing found" : found) + " in " + counted(totals.files, "file");
+    if (totals.unread > 0)
+        text += "; " + counted(totals.unread, "file") + " could not be read";
+    out_.write(text + '\n');
+}
+
+} // namespace
+
+std::unique_ptr<Report> makeTextReport(StandardOutput& out, bool showKeys)
+{
+    return std::make_unique<TextReport>(out, showKeys);
+}

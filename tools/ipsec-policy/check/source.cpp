@@ -1,0 +1,232 @@
+#include "source.h"
+
+#include "lexer.h"
+
+#include <algorithm>
+#include <charconv>
+
+using ipsecimpl::IPsecConfig;
+
+namespace {
+
+/// Entries longer than this are gone through once. What is looked for in shorter ones is found as fast without.
+const std::size_t LONG_ENTRY = 4096;
+
+const std::size_t NONE = std::string_view::npos;
+
+template <class Matching, class Collection>
+EntryIndex match(Matching&& matcher, const Collection& collection)
+{
+    matcher.store(collection);
+    return matcher.takeIndex();
+}
+
+std::string_view takeComponent(std::string_view& field)
+{
+    const std::size_t      end       = std::min(field.find('/'), field.size());
+    const std::string_view component = field.substr(0, end);
+    field.remove_prefix(std::min(end + 1, field.size()));
+    return component;
+}
+
+/// The number of a list's member, if that is what comes next in a field; else 0.
+std::size_t takeNumber(std::string_view& field)
+{
+    std::size_t       number = 0;
+    const char* const limit  = field.data() + field.size();
+    const auto        result = std::from_chars(field.data(), limit, number);
+    if (result.ec != std::errc() || (result.ptr != limit && *result.ptr != '/'))
+        return 0;
+    takeComponent(field);
+    return number;
+}
+
+struct List {
+    std::string_view         field;
+    std::string_view         holder; ///< what has the members
+    std::vector<std::size_t> EntryDetails::*offsets;
+};
+
+const List LISTS[] = {
+    {"selectors/", "selectors", &EntryDetails::selectors},
+    {"ikePhase1/proposal/transform/", "ikePhase1/proposal", &EntryDetails::transforms},
+    {"ikePhase2/saProposal/", "ikePhase2", &EntryDetails::proposals},
+};
+
+/// The child with this name, or the `number`th of them, of the element that begins at `parent`; an empty name is any.
+std::size_t childOf(std::string_view document, std::size_t parent, std::string_view name, std::size_t number = 1)
+{
+    Lexer lexer(document, parent);
+    if (lexer.startTag().isClosed)
+        return NONE;
+    while (!lexer.atEndTag()) {
+        const StartTag tag = lexer.startTag();
+        if ((name.empty() || tag.name == name) && --number == 0)
+            return tag.offset;
+        lexer.skipRest(tag);
+    }
+    return NONE;
+}
+
+/// The text of the leaf that begins there, or all of the element.
+Span textOrElement(std::string_view document, std::size_t offset)
+{
+    Lexer          lexer(document, offset);
+    const StartTag tag = lexer.startTag();
+    if (lexer.isLeaf(tag)) {
+        const Leaf leaf = lexer.rest(tag);
+        if (leaf.text.length > 0)
+            return leaf.text;
+    } else {
+        lexer.skipRest(tag);
+    }
+    return spanBetween(tag.offset, lexer.offset());
+}
+
+} // namespace
+
+Source::Source(std::string_view document, const IPsecConfig& config)
+    : document_(document)
+{
+    Lexer lexer(document);
+    lexer.startTag();
+    std::size_t offset = lexer.offset();
+    for (const Kind kind : ALL_KINDS) {
+        EntryIndex& index = indexes_[static_cast<std::size_t>(kind)];
+        if (kind == Kind::HOST_GROUP)
+            index = match(GroupMatcher(document, offset, kind, config.hostGroups, misreadings_, places_[0]),
+                          config.hostGroups);
+        else if (kind == Kind::PROTOCOL_GROUP)
+            index = match(GroupMatcher(document, offset, kind, config.protocolGroups, misreadings_, places_[1]),
+                          config.protocolGroups);
+        else if (kind == Kind::ACTION)
+            index = match(Matcher(document, offset, kind, misreadings_), config.actions);
+        else
+            index = match(Matcher(document, offset, kind, misreadings_), config.policies);
+        offset = index.collection().end();
+    }
+}
+
+Span Source::find(const ObjectPath& path) const
+{
+    const SourceEntry* const entry = indexOf(path.kind).find(path.id);
+    if (entry == nullptr)
+        return findInCollection(path);
+
+    std::string_view field  = path.field;
+    const auto       member = takeMember(path, *entry, field);
+    if (member != NONE)
+        return findBelow(member, field);
+
+    Lexer lexer(document_, entry->span.offset);
+    lexer.startTag();
+    const Leaf id = lexer.leaf();
+    return path.field == "id" ? id.text : findBelow(lexer.skipSpace(), field);
+}
+
+Span Source::findInCollection(const ObjectPath& path) const
+{
+    const EntryIndex& index = indexOf(path.kind);
+    if (path.id == 0 && !path.field.empty() && index.nextID().length > 0)
+        return textOrElement(document_, index.nextID().offset);
+    return index.collection();
+}
+
+/// What `field` names in the element that begins at `element`.
+Span Source::findBelow(std::size_t element, std::string_view field) const
+{
+    while (!field.empty()) {
+        std::string_view  name   = takeComponent(field);
+        const std::size_t number = takeNumber(field);
+        std::size_t       child  = childOf(document_, element, name, name == "selectors" || number == 0 ? 1 : number);
+        if (name == "selectors" && number > 0 && child != NONE) {
+            element = child;
+            child   = childOf(document_, element, "", number);
+        }
+        if (child == NONE)
+            break;
+        element = child;
+    }
+    return textOrElement(document_, element);
+}
+
+/// Where the member of a list is, if that is what a field begins with and it is known without going through the entry;
+/// then that part of the field is taken off. Else NONE; where it is known that there is none, the field becomes that
+/// of the list.
+std::size_t Source::takeMember(const ObjectPath& path, const SourceEntry& entry, std::string_view& field) const
+{
+    for (const List& list : LISTS) {
+        if (field.substr(0, list.field.size()) != list.field)
+            continue;
+        const std::vector<std::size_t>* const offsets = membersOf(path, entry, list.offsets);
+
+        std::string_view  rest   = field.substr(list.field.size());
+        const std::size_t number = takeNumber(rest);
+        if (offsets == nullptr || number == 0)
+            return NONE;
+        if (number > offsets->size()) {
+            field = list.holder;
+            return NONE;
+        }
+        field = rest;
+        return (*offsets)[number - 1];
+    }
+    return NONE;
+}
+
+const std::vector<std::size_t>* Source::membersOf(const ObjectPath& path, const SourceEntry& entry,
+                                                  std::vector<std::size_t> EntryDetails::*list) const
+{
+    if (const SelectorPlaces* const places = placesOf(path.kind, path.id))
+        return &places->offsets;
+    const EntryDetails* const details = detailsOf(entry);
+    return details == nullptr ? nullptr : &(details->*list);
+}
+
+const SelectorPlaces* Source::placesOf(Kind kind, unsigned int id) const
+{
+    const PlacesByGroup& places = places_[static_cast<std::size_t>(kind)];
+    const auto           group  = places.find(id);
+    return group == places.end() ? nullptr : &group->second;
+}
+
+std::size_t Source::storedNumber(Kind kind, unsigned int id, std::size_t number) const
+{
+    const SelectorPlaces* const places = placesOf(kind, id);
+    return places == nullptr ? number : places->numbers.at(number - 1);
+}
+
+const EntryDetails* Source::detailsOf(const SourceEntry& entry) const
+{
+    if (entry.span.length <= LONG_ENTRY)
+        return nullptr;
+    const auto [place, isNew] = details_.try_emplace(entry.span.offset);
+    if (isNew)
+        place->second = ::detailsOf(document_, entry.span);
+    return &place->second;
+}
+
+std::vector<Span> Source::secretsIn(Span span) const
+{
+    std::vector<Span> secrets;
+    for (const EntryIndex& index : indexes_) {
+        const auto end = index.children().end();
+        for (auto entry = index.firstFrom(span.offset); entry != end && entry->span.offset < span.end(); ++entry)
+            addSecrets(*entry, span, secrets);
+    }
+    return secrets;
+}
+
+void Source::addSecrets(const SourceEntry& entry, Span span, std::vector<Span>& secrets) const
+{
+    const EntryDetails* const details = detailsOf(entry);
+    if (details == nullptr) {
+        addSecretsIn(document_, entry.span, span, secrets);
+        return;
+    }
+    const std::vector<Span>& all        = details->secrets;
+    const auto               endsBefore = [](const Span& secret, std::size_t offset) { return secret.end() <= offset; };
+    auto                     secret     = std::lower_bound(all.begin(), all.end(), span.offset, endsBefore);
+    for (; secret != all.end() && secret->offset < span.end(); ++secret)
+        secrets.push_back(*secret);
+}

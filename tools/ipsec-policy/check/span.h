@@ -1,0 +1,22 @@
+#ifndef IPSEC_POLICY_SPAN_H
+#define IPSEC_POLICY_SPAN_H
+
+#include <cstddef>
+#include <string_view>
+
+/// A piece of a document.
+struct Span {
+    std::size_t offset = 0; ///< bytes before it
+    std::size_t length = 0;
+
+    std::size_t end() const { return offset + length; }
+
+    std::string_view in(std::string_view document) const { return document.substr(offset, length); }
+};
+
+inline Span spanBetween(std::size_t begin, std::size_t end)
+{
+    return {begin, end - begin};
+}
+
+#endif

@@ -1,0 +1,63 @@
+#include "storability.h"
+
+#include "checks.h"
+#include "failure.h"
+#include "files.h"
+#include "position.h"
+#include "source.h"
+#include "text.h"
+#include "understood.h"
+
+#include <algorithm>
+
+using namespace ipsecimpl;
+
+namespace {
+
+/// Whether storing the configuration would lose what stands in the document. An element without a text says nothing.
+bool isLoss(const Finding& finding, std::string_view document)
+{
+    return finding.rule->level == Level::ERROR && document[finding.offset] != '<';
+}
+
+std::string placeOf(const Finding& finding, std::string_view document)
+{
+    const Position position = PositionCounter(document).at(finding.offset);
+    return std::to_string(position.line) + ':' + std::to_string(position.column) + ": " + textOf(finding.path);
+}
+
+} // namespace
+
+void refuseMisread(std::string_view document, const IPsecConfig& config, const std::string& fileName)
+{
+    Findings findings;
+    checkUnderstood(Source(document, config), findings);
+    findings.erase(std::partition(findings.begin(), findings.end(),
+                                  [document](const Finding& finding) { return isLoss(finding, document); }),
+                   findings.end());
+    if (findings.empty())
+        return;
+
+    const auto        first = std::min_element(findings.begin(), findings.end(),
+                                               [](const Finding& a, const Finding& b) { return a.offset < b.offset; });
+    const std::string shown = isStandardStream(fileName) ? "standard input" : printable(fileName);
+    const std::string count = findings.size() == 1
+                                  ? "It is the only value that was"
+                                  : "It is one of " + std::to_string(findings.size()) + " values that were";
+    throw Failure(
+        ExitStatus::FINDINGS,
+        shown + ':' + placeOf(*first, document) + ": " + first->message + '\n' + count +
+            " not understood as written, and stored it would stay so. Correct the document, or give --force.");
+}
+
+std::string firstUnstorable(const IPsecConfig& config)
+{
+    Findings findings;
+    for (const auto& [id, group] : config.hostGroups)
+        checkTexts(Entry<HostGroup>{id, &group, false, false}, findings);
+    for (const auto& [id, group] : config.protocolGroups)
+        checkTexts(Entry<ProtocolGroup>{id, &group, false, false}, findings);
+    for (const auto& [id, action] : config.actions)
+        checkTexts(Entry<IPsecAction>{id, &action, false, false}, findings);
+    return findings.empty() ? std::string() : textOf(findings.front().path) + ": " + findings.front().message;
+}

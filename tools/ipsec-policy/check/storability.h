@@ -1,0 +1,26 @@
+#ifndef IPSEC_POLICY_STORABILITY_H
+#define IPSEC_POLICY_STORABILITY_H
+
+/// \file
+/// What keeps a configuration from being stored over its document.
+
+#include <ipsecimpl/config.h>
+
+#include <string>
+#include <string_view>
+
+/// Throws a Failure (FINDINGS) if a value of `document`, which loaded as `config`, was understood as another: to store
+/// `config` would make that for good, and nobody could see it any more. The message begins with `fileName` and the
+/// place of the first such value.
+void refuseMisread(std::string_view document, const ipsecimpl::IPsecConfig& config, const std::string& fileName);
+
+/// Where the first text is that cannot be stored, and why; empty if there is none.
+std::string firstUnstorable(const ipsecimpl::IPsecConfig& config);
+
+/// \name The option --force, with which misread values are stored all the same
+/// @{
+inline constexpr char FORCE_HELP[] =
+    "Store values as they were understood, also where\nthe document says something else";
+/// @}
+
+#endif

@@ -59,9 +59,35 @@ TEST(Format, KeepsWhatNobodyCanChangeThroughTheLibrary)
         << formatted;
 }
 
+// To store it would make that for good, and nobody could see it any more.
+TEST(Format, RefusesWhatWasNotUnderstoodAsWrittenUnlessForced)
+{
+    const std::string misread = document("", "", "",
+                                         entry("policy", 1,
+                                               "<policy><hostGroupID>1x</hostGroupID><protocolGroupID>Web</protocolGroupID>"
+                                               "<actionID>0x1</actionID></policy>"));
+    EXPECT_EQ(run({"format", "-"}, misread),
+              refused("standard input:1:139: policies/1/hostGroupID: A text of 2 bytes was read as 1, and what follows "
+                      "the number was ignored. Write the number alone.\nIt is one of 2 values that were not understood as written, and stored it would "
+                      "stay so. Correct the document, or give --force."));
+    EXPECT_EQ(run({"format", "-", "--force"}, misread), printed(rewritten<IPsecConfig>(misread)));
+}
+
+TEST(Format, RefusesAPieceOfAKeyInPlaceOfANumberWithoutShowingIt)
+{
+    const Outcome outcome =
+        run({"format", "-"}, document("", "", "",
+                                      entry("policy", 1,
+                                            "<policy><hostGroupID>Kq7Zv9Wx</hostGroupID><protocolGroupID>1"
+                                            "</protocolGroupID><actionID>1</actionID></policy>")));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err.find("Kq7"), std::string::npos) << outcome;
+}
+
 struct Lossy {
     const char* what;
     std::string document;
+    std::string why; ///< the second line of the message
 };
 
 std::ostream& operator<<(std::ostream& out, const Lossy& lossy)
@@ -84,18 +110,29 @@ TEST_P(WhatCannotBeStored, IsRefusedAndNotQuoted)
     ASSERT_EQ(run({"show", "-"}, GetParam().document).status, 0) << "it does load";
     EXPECT_EQ(run({"format", "-"}, GetParam().document),
               refused("standard input: this configuration cannot be stored: once written it would not load as the "
-                      "same (a text holds '<' or has white space at an end, or a protocol selector has no name)"));
+                      "same\n" +
+                      GetParam().why));
 }
 
 // clang-format off
 const Lossy LOSSY[] = {
-    {"a name with a tag in it",     groupNamed("<name value='a<b'/>")},
-    {"a name that ends its tag",    groupNamed("<name value='a</name><name>b'/>")},
-    {"a name with a blank before",  groupNamed("<name value=' a'/>")},
-    {"a name with a blank behind",  groupNamed("<name value='a '/>")},
+    {"a name with a tag in it",     groupNamed("<name value='a<b'/>"),
+     "hostGroups/1/name: The text holds '<': once stored, the document would not load as it is. Write it without."},
+    {"a name that ends its tag",    groupNamed("<name value='a</name><name>b'/>"),
+     "hostGroups/1/name: The text holds '<': once stored, the document would not load as it is. Write it without."},
+    {"a name with elements in it",  groupNamed("<name value='a</name><builtinName>0</builtinName><descr></descr>"
+                                               "<builtinDescr>0</builtinDescr><selectors></selectors></hostGroup>"
+                                               "</hostGroupEntry><hostGroupEntry><id>2</id><hostGroup><name>b'/>"),
+     "hostGroups/1/name: The text holds '<': once stored, the document would not load as it is. Write it without."},
+    {"a name with a blank before",  groupNamed("<name value=' a'/>"),
+     "hostGroups/1/name: The text has white space at an end, which is lost when it is stored. Write it without."},
+    {"a name with a blank behind",  groupNamed("<name value='a '/>"),
+     "hostGroups/1/name: The text has white space at an end, which is lost when it is stored. Write it without."},
     {"a selector without a name",   document("", entry("protocolGroup", 1, group("protocolGroup", "g", "",
                                         "<protocolSelector><protocol>6</protocol><direction>IN</direction>"
-                                        "<mirrored>MIRRORED</mirrored></protocolSelector>")))},
+                                        "<mirrored>MIRRORED</mirrored></protocolSelector>"))),
+     "protocolGroups/1/selectors/1/name: The selector has no name: once stored, the document would not load any more. "
+     "Give it one."},
 };
 // clang-format on
 

@@ -1,0 +1,209 @@
+#include "commands.h"
+#include "diff.h"
+#include "document.h"
+#include "edit_commands.h"
+#include "edit_losses.h"
+#include "edited_file.h"
+#include "files.h"
+#include "options.h"
+#include "storability.h"
+#include "text.h"
+
+#include <ipsecimpl/ipsecimpl.h>
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+using namespace ipsecimpl;
+
+namespace {
+
+const char USUAL_BACKUP[] = "true"; // what the parser makes of an option without a value
+
+struct Options {
+    std::string              file;
+    std::vector<std::string> commands;
+    std::string              script;
+    bool                     dryRun  = false;
+    bool                     cascade = false;
+    bool                     force   = false;
+    std::string              backup;
+    std::size_t              maxSize = USUAL_MAX_SIZE;
+};
+
+/// Commands, and what messages call the place they come from.
+struct Script {
+    std::string name;
+    std::string text;
+};
+
+Script scriptOf(const Options& options)
+{
+    if (options.commands.empty() == options.script.empty())
+        throw usageFailure("edit", "commands are required, with -e or in a SCRIPT (not both)");
+    if (isStandardStream(options.script))
+        return {"standard input", readFile(options.script)};
+    if (!options.script.empty())
+        return {printable(options.script), readFile(options.script)};
+
+    std::string text;
+    for (const std::string& command : options.commands)
+        text += command + '\n';
+    return {"-e", text};
+}
+
+void execute(const Script& script, Editor& editor)
+{
+    std::string_view rest   = script.text;
+    std::size_t      number = 0;
+    const auto       failed = [&](ExitStatus status, const char* message) {
+        return Failure(status, script.name + ':' + std::to_string(number) + ": " + message);
+    };
+    while (!rest.empty()) {
+        const std::size_t      end  = std::min(rest.find('\n'), rest.size());
+        const std::string_view line = rest.substr(0, end);
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+        ++number;
+        try {
+            editor.execute(line);
+        } catch (const Failure& failure) {
+            throw failed(failure.status, failure.what());
+        } catch (const invalid_operation& refusal) {
+            throw failed(ExitStatus::TROUBLE, refusal.what());
+        } catch (const std::invalid_argument& refusal) {
+            throw failed(ExitStatus::TROUBLE, refusal.what());
+        }
+    }
+}
+
+/// The configuration before and after.
+class Edit {
+  public:
+    Edit(std::string_view text, const Script& script, const Options& options)
+        : before_(parseDocument(text, options.file))
+    {
+        if (!options.force)
+            refuseMisread(text, before_, options.file);
+        Secrets      secrets(isStandardStream(options.script));
+        EditedConfig edited(parseDocument(text, options.file));
+        Editor       editor(edited, secrets, options.cascade);
+        execute(script, editor);
+        after_  = edited.finished();
+        stored_ = storeDocument(after_, options.file);
+        report_ = editor.report() + lossesIn(difference(before_, after_, {}));
+    }
+
+    bool isChange() const { return !difference(before_, after_, {false, true}).empty(); }
+
+    /// What to tell beside the difference itself.
+    const std::string& report() const { return report_; }
+
+    /// Change counters are shown if nothing else differs.
+    std::string differenceText() const
+    {
+        const std::string text = diffText(before_, after_, {});
+        return text.empty() ? diffText(before_, after_, {false, true}) : text;
+    }
+
+    const std::string& stored() const { return stored_; }
+
+  private:
+    IPsecConfig before_;
+    IPsecConfig after_;
+    std::string stored_;
+    std::string report_;
+};
+
+ExitStatus tell(const std::string& text)
+{
+    if (!text.empty())
+        writeStandardOutput(text);
+    return ExitStatus::CLEAN;
+}
+
+/// Nobody is to think that nothing was done.
+ExitStatus tellStored(const std::string& text, const std::string& fileName)
+try {
+    return tell(text);
+} catch (const Failure& failure) {
+    throw Failure(failure.status, printable(fileName) + " is stored, but " + failure.what());
+}
+
+ExitStatus edit(const Options& options)
+{
+    const char NOTHING[] = "nothing changed\n";
+    if (isStandardStream(options.file))
+        throw usageFailure("edit", "standard input cannot be edited: FILE must be a file");
+    const Script script = scriptOf(options); // before the file is locked: it may take long to come
+    if (options.dryRun) {
+        const Edit edited(readFile(options.file, options.maxSize), script, options);
+        return tell(edited.isChange() ? edited.report() + edited.differenceText() : NOTHING);
+    }
+
+    EditedFile file(options.file, options.maxSize);
+    const Edit edited(file.text(), script, options);
+    if (!edited.isChange())
+        return tell(NOTHING);
+    file.replace(edited.stored(), options.backup == USUAL_BACKUP ? options.file + '~' : options.backup);
+    return tellStored(edited.report(), options.file);
+}
+
+std::function<ExitStatus()> declare(CLI::App& arguments)
+{
+    const auto options = std::make_shared<Options>();
+    arguments.add_option("FILE", options->file, "The configuration to edit")->required()->type_name("");
+    arguments.add_option("SCRIPT", options->script, "A file of commands; - is standard input")->type_name("");
+    arguments.add_option("-e,--command", options->commands, "A command; may be given more than once")
+        ->type_name("COMMAND")
+        ->allow_extra_args(false);
+    arguments.add_flag("--dry-run", options->dryRun, "Change nothing, but print what would differ")
+        ->disable_flag_override();
+    arguments.add_flag("--cascade", options->cascade, "Remove the policies that use what is removed")
+        ->disable_flag_override();
+    arguments.add_flag("--force", options->force, FORCE_HELP)->disable_flag_override();
+    arguments.add_flag("--backup", options->backup, "Keep the old file as FILE~; with --backup=NAME, as NAME");
+    addMaxSize(arguments, options->maxSize);
+    return [options] { return edit(*options); };
+}
+
+} // namespace
+
+const Command EDIT_COMMAND = {
+    "edit",
+    "Change a configuration with commands, all or nothing",
+    "Commands, one on a line; docs/edit.md tells all about them:\n"
+    "  add host-group|protocol-group|action NAME [id=N] [FIELD=VALUE ...]\n"
+    "  add policy HOST-GROUP PROTOCOL-GROUP ACTION [id=N]\n"
+    "  add built-in host-group any|local|mcast|any4|local4|mcast4|any6|...  [id=N]\n"
+    "  add built-in protocol-group all|system [id=N]\n"
+    "  add built-in action discard|bypass [id=N]\n"
+    "  replace host-group|protocol-group|action REF NAME [FIELD=VALUE ...]\n"
+    "  replace policy REF HOST-GROUP PROTOCOL-GROUP ACTION\n"
+    "  set host-group|protocol-group|action|policy REF FIELD=VALUE ...\n"
+    "  set host-groups|protocol-groups|actions|policies nextID=N\n"
+    "  add|remove selector host-group|protocol-group REF SELECTOR[, SELECTOR ...]\n"
+    "  remove host-group|protocol-group|action|policy REF [--cascade]\n\n"
+    "REF is an ID or a unique name. A FIELD is called by its tags in the document:\n"
+    "ikePhase1/proposal/dhGroup=G14. What has blanks in it stands in double quotes;\n"
+    "a '#' begins a comment. Selectors: 10.2.0.0/16, 10.0.0.1-10.0.0.9, any, local4;\n"
+    "tcp/443 out mirrored, udp/500 from 500 in. A key is given as =@FILE, is asked\n"
+    "for with =?, or stands in the command.\n\n"
+    "If any command fails, nothing is stored. What policies use is not removed\n"
+    "without --cascade. The file is replaced in one step, with its mode and owner\n"
+    "kept; it stays as it is when nothing changes.\n\n"
+    "A document with a value that was not understood as written, such as a number\n"
+    "with something behind it, is refused unless --force is given: storing would\n"
+    "make that for good.",
+    "ipsec-policy edit policy.xml -e 'add host-group Berlin selectors=10.2.0.0/16'\n"
+    "ipsec-policy edit policy.xml -e 'set action 3 ikePhase1/presharedKey=?'\n"
+    "ipsec-policy edit policy.xml --dry-run branch.edit\n"
+    "ipsec-policy diff old.xml new.xml --script | ipsec-policy edit old.xml -",
+    declare,
+};

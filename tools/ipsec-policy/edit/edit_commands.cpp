@@ -1,0 +1,235 @@
+#include "edit_commands.h"
+
+#include "builtins.h"
+#include "edit_objects.h"
+#include "edit_policies.h"
+#include "plain_number.h"
+
+#include <algorithm>
+#include <optional>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+using namespace ipsecimpl;
+
+namespace {
+
+std::optional<Kind> kindNamed(const std::string& word, const char* KindWords::*form)
+{
+    for (const Kind kind : ALL_KINDS)
+        if (word == wordsOf(kind).*form)
+            return kind;
+    return std::nullopt;
+}
+
+Kind kindIn(const std::string& word, const char* others)
+{
+    if (const auto kind = kindNamed(word, &KindWords::singular))
+        return *kind;
+    throw commandFailure("here must stand host-group, protocol-group, action, policy" + std::string(others));
+}
+
+std::string takeName(CommandWords& words)
+{
+    std::string name = words.takeReference("NAME", {});
+    requireStorable(name, "name");
+    return name;
+}
+
+std::string ownerOf(Kind kind, const std::string& name)
+{
+    return wordsOf(kind).sentence + (" '" + printable(name)) + '\'';
+}
+
+/// Such as "policies 3, 7 and 9", of a great many the first ones.
+std::string policySentence(const std::vector<unsigned int>& ids)
+{
+    const std::size_t MOST  = 10;
+    const std::size_t shown = std::min(ids.size(), MOST);
+    std::string       text  = ids.size() == 1 ? "policy " : "policies ";
+    for (std::size_t i = 0; i < shown; ++i) {
+        if (i > 0)
+            text += i + 1 == ids.size() ? " and " : ", ";
+        text += std::to_string(ids[i]);
+    }
+    return shown == ids.size() ? text : text + " and " + std::to_string(ids.size() - shown) + " more";
+}
+
+} // namespace
+
+void Editor::execute(std::string_view line)
+{
+    CommandWords words(line);
+    if (words.atEnd())
+        return;
+    const std::string command = words.take("a command");
+    if (command == "add")
+        add(words);
+    else if (command == "replace")
+        replace(words);
+    else if (command == "set")
+        set(words);
+    else if (command == "remove")
+        remove(words);
+    else
+        throw commandFailure("a command begins with add, replace, set or remove");
+    words.requireEnd();
+}
+
+void Editor::add(CommandWords& words)
+{
+    const std::string what = words.take("what to add");
+    if (what == "selector")
+        return changeSelectors(words, true);
+    if (what == "built-in")
+        return addBuiltIn(words);
+
+    const Kind kind = kindIn(what, ", selector or built-in");
+    withCollection(config_, kind, [&](auto& objects) {
+        using Object = ObjectOf<decltype(objects)>;
+        if constexpr (std::is_same_v<Object, Policy>) {
+            Policy     policy = takePolicy(words);
+            const auto fields = words.takeFields(fieldsAndID<Object>(), "", secrets_);
+            objects.add(std::move(policy), idIn(fields));
+        } else {
+            const std::string name   = takeName(words);
+            const auto        fields = words.takeFields(fieldsAndID<Object>(), ownerOf(kind, name), secrets_);
+            const auto        id     = idIn(fields); // before any key is asked for
+            objects.add(newObject<Object>(name, fields), id);
+        }
+    });
+}
+
+void Editor::addBuiltIn(CommandWords& words)
+{
+    const Kind        kind   = kindIn(words.take("the kind of built-in"), "");
+    const std::string word   = words.take("the name of the built-in");
+    const auto        fields = words.takeFields({ID_FIELD}, "", secrets_);
+    const auto        id     = idIn(fields);
+    if (kind == Kind::HOST_GROUP)
+        config_.hostGroups.add(HostGroup(builtInHostGroup(word)), id);
+    else if (kind == Kind::PROTOCOL_GROUP)
+        config_.protocolGroups.add(ProtocolGroup(builtInProtocolGroup(word)), id);
+    else if (kind == Kind::ACTION)
+        config_.actions.add(IPsecAction(builtInAction(word)), id);
+    else
+        throw commandFailure("there are no built-in policies");
+}
+
+void Editor::replace(CommandWords& words)
+{
+    const Kind         kind = kindIn(words.take("what to replace"), "");
+    const unsigned int id   = takeObject(kind, words);
+    withCollection(config_, kind, [&](auto& objects) {
+        using Object = ObjectOf<decltype(objects)>;
+        if constexpr (std::is_same_v<Object, Policy>) {
+            const Policy fresh = takePolicy(words);
+            objects.change(id, [&](Policy& policy) { policy = fresh; });
+        } else {
+            const std::string name   = takeName(words);
+            const auto        fields = words.takeFields(fieldsOf<Object>(true), objects.sentence(id), secrets_);
+            Object            fresh  = newObject<Object>(name, fields);
+            objects.change(id, [&](Object& object) { replaceBy(object, std::move(fresh), fields); });
+        }
+    });
+}
+
+void Editor::set(CommandWords& words)
+{
+    const std::string what = words.take("what to set");
+    if (const auto kind = kindNamed(what, &KindWords::plural))
+        return setNextID(*kind, words);
+
+    const Kind         kind = kindIn(what, ", host-groups, protocol-groups, actions or policies");
+    const unsigned int id   = takeObject(kind, words);
+    withCollection(config_, kind, [&](auto& objects) {
+        using Object      = ObjectOf<decltype(objects)>;
+        const auto fields = words.takeFields(fieldsOf<Object>(false), objects.sentence(id), secrets_);
+        if (fields.empty())
+            throw commandFailure("FIELD=VALUE is missing");
+        objects.change(id, [&](Object& object) {
+            if constexpr (std::is_same_v<Object, Policy>)
+                setFields(object, fields, config_);
+            else
+                setFields(object, fields);
+        });
+    });
+}
+
+void Editor::setNextID(Kind kind, CommandWords& words)
+{
+    const auto              fields = words.takeFields({{"nextID", false}}, "", secrets_);
+    const GivenValue* const value  = fields.find("nextID");
+    if (value == nullptr)
+        throw commandFailure("nextID=N is missing");
+    const std::string text   = value->plain();
+    const auto        nextID = plainNumber(text);
+    if (!nextID || *nextID < 1 || *nextID > LAST_ID + std::int64_t{1})
+        throw commandFailure('\'' + printable(text) + "' is no next ID (1 to 2147483647)");
+    withCollection(config_, kind, [&](auto& objects) { objects.nextIDSet(static_cast<unsigned int>(*nextID)); });
+}
+
+void Editor::remove(CommandWords& words)
+{
+    const std::string what = words.take("what to remove");
+    if (what == "selector")
+        return changeSelectors(words, false);
+
+    const Kind         kind = kindIn(what, " or selector");
+    const unsigned int id   = takeObject(kind, words);
+    const bool         also = words.takeIf("--cascade") || cascade_;
+    withCollection(config_, kind, [&](auto& objects) {
+        if (kind != Kind::POLICY) {
+            const std::vector<unsigned int> users = config_.policies.index().usersOf(kind, id);
+            if (!users.empty() && !also)
+                throw commandFailure(objects.sentence(id) + " is used by " + policySentence(users) +
+                                     " (--cascade removes what uses it too)");
+            removeUsers(objects.sentence(id), users);
+        }
+        objects.remove(id);
+    });
+}
+
+void Editor::removeUsers(const std::string& sentence, const std::vector<unsigned int>& users)
+{
+    for (const unsigned int user : users) {
+        config_.policies.remove(user);
+        report_ += "policy " + std::to_string(user) + " is removed with " + sentence + ", which it used\n";
+    }
+}
+
+void Editor::changeSelectors(CommandWords& words, bool isAdded)
+{
+    const Kind kind = kindIn(words.take("the kind of group"), "");
+    if (kind != Kind::HOST_GROUP && kind != Kind::PROTOCOL_GROUP)
+        throw commandFailure("only a host-group or a protocol-group has selectors");
+    const unsigned int     id   = takeObject(kind, words);
+    const std::string_view list = words.takeRest();
+    const auto             edit = [&](auto& group) {
+        if (isAdded)
+            addSelectors(group, list);
+        else
+            removeSelectors(group, list);
+    };
+    if (kind == Kind::HOST_GROUP)
+        config_.hostGroups.change(id, edit);
+    else
+        config_.protocolGroups.change(id, edit);
+}
+
+unsigned int Editor::takeObject(Kind kind, CommandWords& words) const
+{
+    return config_.find(kind, words.takeReference("the ID or name", {"name"}));
+}
+
+Policy Editor::takePolicy(CommandWords& words) const
+{
+    const auto take = [&](Kind kind, const char* what) {
+        return readReference(config_, kind, words.takeReference(what, {"name", "missing"}));
+    };
+    const unsigned int hostGroup     = take(Kind::HOST_GROUP, "HOST-GROUP");
+    const unsigned int protocolGroup = take(Kind::PROTOCOL_GROUP, "PROTOCOL-GROUP");
+    const unsigned int action        = take(Kind::ACTION, "ACTION");
+    return Policy(hostGroup, protocolGroup, action);
+}

@@ -1,0 +1,48 @@
+#ifndef IPSEC_POLICY_EDIT_COMMANDS_H
+#define IPSEC_POLICY_EDIT_COMMANDS_H
+
+#include "command_words.h"
+#include "edited_config.h"
+#include "secrets.h"
+
+#include <string>
+#include <string_view>
+
+/// Carries out edit commands (docs/edit.md).
+class Editor {
+  public:
+    /// `cascade`: what is removed takes the policies that use it along. What is referred to must outlive the editor.
+    Editor(EditedConfig& config, Secrets& secrets, bool cascade)
+        : config_(config)
+        , secrets_(secrets)
+        , cascade_(cascade)
+    {
+    }
+
+    /// Carries out one command; an empty line and a comment are none. Throws a Failure, or what the library refuses;
+    /// the configuration is then of no use any more.
+    void execute(std::string_view line);
+
+    /// What was done beyond what the commands say, in lines that are fit for a terminal.
+    const std::string& report() const { return report_; }
+
+  private:
+    void add(CommandWords& words);
+    void addBuiltIn(CommandWords& words);
+    void replace(CommandWords& words);
+    void set(CommandWords& words);
+    void setNextID(Kind kind, CommandWords& words);
+    void remove(CommandWords& words);
+    void removeUsers(const std::string& sentence, const std::vector<unsigned int>& users);
+    void changeSelectors(CommandWords& words, bool isAdded);
+
+    unsigned int      takeObject(Kind kind, CommandWords& words) const;
+    ipsecimpl::Policy takePolicy(CommandWords& words) const;
+
+    EditedConfig& config_;
+    Secrets&      secrets_;
+    bool          cascade_;
+    std::string   report_;
+};
+
+#endif

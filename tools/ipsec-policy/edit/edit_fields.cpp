@@ -1,0 +1,135 @@
+#include "edit_fields.h"
+
+#include "edited_config.h"
+#include "load_message.h"
+#include "plain_number.h"
+#include "secrets.h"
+#include "storable.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace {
+
+std::int64_t numberWithin(const std::string& text, std::string_view field, std::int64_t least, std::int64_t greatest)
+{
+    const auto number = plainNumber(text);
+    if (!number || *number < least || *number > greatest)
+        throw commandFailure('\'' + printable(text) + "' is no " + std::string(field) + " (" + std::to_string(least) +
+                             " to " + std::to_string(greatest) + ')');
+    return *number;
+}
+
+const std::int64_t GREATEST_32 = 0xFFFFFFFF;
+
+/// The number in a text such as "0x1000"; nothing if it is none of at most 32 bits.
+std::optional<unsigned long> hexadecimalNumber(std::string_view text)
+{
+    const std::string_view DIGITS = "0123456789abcdefABCDEF";
+    if (text.size() < 3 || text.size() > 10 || text.substr(0, 2) != "0x" ||
+        text.find_first_not_of(DIGITS, 2) != std::string_view::npos)
+        return std::nullopt;
+    unsigned long number = 0;
+    for (const char c : text.substr(2)) {
+        const std::size_t digit = DIGITS.find(c);
+        number                  = number * 16 + (digit < 16 ? digit : digit - 6);
+    }
+    return number;
+}
+
+/// Whether the name consists of tags. What does not may be a piece of a key, such as one that ends in '='.
+bool isOfFormat(std::string_view name)
+{
+    while (!name.empty()) {
+        const std::size_t slash = std::min(name.find('/'), name.size());
+        if (!isWordOfFormat(name.substr(0, slash)))
+            return false;
+        name.remove_prefix(std::min(slash + 1, name.size()));
+    }
+    return true;
+}
+
+} // namespace
+
+void requireStorable(std::string_view text, const std::string& what)
+{
+    if (const char* const obstacle = obstacleToStoring(text))
+        throw commandFailure(what + ": " + obstacle);
+}
+
+unsigned int givenID(std::string_view text)
+{
+    const auto id = plainNumber(text);
+    if (!id || *id < 1 || *id > LAST_ID)
+        throw commandFailure('\'' + printable(text) + "' is no ID (1 to 2147483647)");
+    return static_cast<unsigned int>(*id);
+}
+
+std::string GivenValue::text() const
+{
+    std::string text = plain();
+    requireStorable(text, std::string(field_));
+    return text;
+}
+
+std::string GivenValue::secret() const
+{
+    std::string text = secrets_->read(spelt_, std::string(field_) + " of " + *owner_);
+    requireStorable(text, std::string(field_));
+    return text;
+}
+
+int GivenValue::integer() const
+{
+    return static_cast<int>(
+        numberWithin(plain(), field_, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+}
+
+unsigned long GivenValue::number() const
+{
+    return static_cast<unsigned long>(numberWithin(plain(), field_, 0, GREATEST_32));
+}
+
+unsigned long GivenValue::spi() const
+{
+    const auto number = hexadecimalNumber(plain());
+    return number ? *number : GivenValue::number();
+}
+
+std::vector<std::string_view> GivenValue::members(std::string& text) const
+{
+    text = plain();
+    return splitList(text);
+}
+
+GivenFields::GivenFields(const std::vector<std::string_view>& words, std::size_t before, const KnownFields& known,
+                         std::string owner, Secrets& secrets)
+    : owner_(std::move(owner))
+{
+    bool mayQuote = true;
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const std::string position   = "word " + std::to_string(before + i + 1);
+        const auto        assignment = assignmentIn(words[i]);
+        if (!assignment)
+            throw commandFailure(position + " is not FIELD=VALUE (a value with blanks must be in quotes)");
+
+        const std::string_view name  = assignment->name;
+        const auto             field = std::find_if(known.begin(), known.end(),
+                                                    [name](const KnownField& candidate) { return candidate.path == name; });
+        const std::string      shown = mayQuote && isOfFormat(name) ? " ('" + std::string(name) + "')" : "";
+        if (field == known.end())
+            throw commandFailure(position + shown + " names no field that can be set here");
+        if (find(name) != nullptr)
+            throw commandFailure(position + " gives " + std::string(field->path) + " once more");
+        values_.emplace_back(field->path, assignment->value, owner_, secrets);
+        mayQuote = mayQuote && !field->isSecret;
+    }
+}
+
+const GivenValue* GivenFields::find(std::string_view field) const
+{
+    const auto value = std::find_if(values_.begin(), values_.end(),
+                                    [field](const GivenValue& candidate) { return candidate.field() == field; });
+    return value == values_.end() ? nullptr : &*value;
+}

@@ -1,7 +1,9 @@
+#include "golden.h"
 #include "program.h"
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <ostream>
 #include <sstream>
 #include <string>
@@ -19,10 +21,18 @@ Outcome misused(const std::string& command, const std::string& message)
     return troubled(prefix + message + "\nRun '" + name + " --help' for more information.");
 }
 
-TEST(Arguments, VersionIsThatOfTheBuild)
+TEST(Arguments, VersionIsThatOfTheBuildWithTheLibraryTheCompilerAndTheTarget)
 {
-    EXPECT_EQ(run({"--version"}), printed("ipsec-policy " PROGRAM_VERSION "\n"));
-    EXPECT_EQ(run({"-V"}), printed("ipsec-policy " PROGRAM_VERSION "\n"));
+    const std::string version =
+        "ipsec-policy " PROGRAM_VERSION "\nlibrary: ipsecimpl " PROGRAM_VERSION ", " PROGRAM_LIBRARY
+        "\ncompiler: " PROGRAM_COMPILER "\nbuild: " PROGRAM_BUILD_TYPE ", ";
+    const Outcome outcome = run({"--version"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_THAT(outcome.out, testing::StartsWith(version));
+    EXPECT_THAT(outcome.out.substr(std::min(version.size(), outcome.out.size())),
+                testing::MatchesRegex("[A-Za-z0-9_-]+, " + std::to_string(8 * sizeof(void*)) + " bits\n"));
+    EXPECT_EQ(run({"-V"}), outcome);
 }
 
 TEST(Arguments, HelpListsEveryCommandAndTheExitStatus)
@@ -32,12 +42,16 @@ Usage: ipsec-policy [OPTION ...] COMMAND ...
 
 Options:
   -h,--help             Print this help message and exit
-  -V,--version          Print the version and exit
+  -V,--version          Print the version and how the program was built, and exit
 
 Commands:
   new                   Make a starter configuration.
   show                  Show a configuration as tables, without its keys.
+  check                 Find what is wrong or weak in configurations.
   format                Load a configuration and store it in the written form.
+  diff                  Tell what differs between two configurations.
+  edit                  Change a configuration with commands, all or nothing.
+  graph                 Draw which policies tie what, for Graphviz.
 
 'ipsec-policy COMMAND --help' tells more about a command.
 
@@ -50,14 +64,19 @@ usage and for what cannot be read or written.
 TEST(Arguments, HelpOfFormatTellsItsOptionsAndGivesExamples)
 {
     EXPECT_EQ(run({"format", "--help"}), printed(R"(Load a configuration and store it in the written form.
-Usage: ipsec-policy format [OPTION ...] FILE
+Usage: ipsec-policy format [OPTION ...] FILE...
 
 Arguments:
-  FILE REQUIRED         The configuration; - is standard input
+  FILE ... REQUIRED     The configuration; - is standard input
 
 Options:
   -h,--help             Print this help message and exit
   -o,--output OUT       Where to store it; standard output if not given
+  --in-place            Store each FILE where it was
+  --check               Store nothing; tell which FILEs would change
+  --force               Store values as they were understood, also where
+                        the document says something else
+  --max-size SIZE       Refuse larger files; bytes, or with K, M, G (64M)
 
 The written form is the one in which the library stores: a tag or a whole leaf
 on each line, no attributes, no indentation, plain decimal numbers. Formatting
@@ -65,17 +84,33 @@ once more changes nothing.
 
 Nothing can be escaped in this format: a text cannot hold '<', or have white
 space at an end. A configuration that would not load as the same once written
-is refused with exit status 1, just like one that does not load at all.
+is refused with exit status 1, just like one that does not load at all. So is,
+unless --force is given, one with a value that was not understood as written,
+such as a number with something behind it: 'check' tells of all of them.
 
-OUT may be FILE. It is replaced in one step, or left as it was. Its mode, owner
-and group are kept, and symbolic links are followed; other hard links keep the
+--check exits with 1 if a file is not in the written form, and names the first
+line that would change. With --check and --in-place there may be several FILEs.
+
+OUT may be FILE, which is --in-place. A file is replaced in one step, or left
+as it was; one that would not change is not touched. Its mode, owner, group and
+attributes are kept, and symbolic links are followed; other hard links keep the
 old content, and a read-only file is replaced too if its folder can be written.
+A file that another ipsec-policy edits, or that changes meanwhile, is refused.
 A new OUT is for its owner alone (mode 0600), because it may hold keys.
 
 Examples:
   ipsec-policy format policy.xml
-  ipsec-policy format policy.xml -o policy.xml
+  ipsec-policy format policy.xml -o tidy.xml
+  ipsec-policy format --in-place /etc/ipsec/*.xml
+  ipsec-policy format --check policy.xml && echo as written
 )"));
+}
+
+TEST(Arguments, HelpOfEditTellsItsCommandsAndGivesExamples)
+{
+    const Outcome help = run({"edit", "--help"});
+    EXPECT_EQ(help, printed(help.out));
+    expectGolden("edit/help.txt", help.out);
 }
 
 class EveryCommand : public testing::TestWithParam<std::string> {};
@@ -92,7 +127,8 @@ TEST_P(EveryCommand, HasHelpWithAnExampleThatFitsEightyColumns)
         EXPECT_LE(line.size(), 80U) << line;
 }
 
-INSTANTIATE_TEST_SUITE_P(Arguments, EveryCommand, testing::Values("new", "show", "format"));
+INSTANTIATE_TEST_SUITE_P(Arguments, EveryCommand,
+                         testing::Values("new", "show", "check", "format", "diff", "edit", "graph"));
 
 struct WrongUsage {
     std::vector<std::string> arguments;
@@ -112,6 +148,21 @@ TEST_P(Usage, IsRefusedWithAHint)
     EXPECT_EQ(run(GetParam().arguments), misused(GetParam().command, GetParam().message));
 }
 
+std::string badSize(const std::string& size, const std::string& reason)
+{
+    return "wrong use of option '--max-size': '" + size + "' " + reason;
+}
+
+std::string notASize(const std::string& size)
+{
+    return badSize(size, "is not a size: a number of bytes, or with K, M or G behind it, such as 64M");
+}
+
+std::string tooLarge(const std::string& size)
+{
+    return badSize(size, "is more than this program can address");
+}
+
 // clang-format off
 const WrongUsage WRONG_USAGES[] = {
     {{},                                   "", "a command is required\nUsage: ipsec-policy [OPTION ...] COMMAND ..."},
@@ -123,13 +174,56 @@ const WrongUsage WRONG_USAGES[] = {
     {{"--show-keys", "show", "a"},         "", "unknown option '--show-keys'"},
     {{"new", "x"},                         "new",    "unexpected argument 'x'"},
     {{"show"},                             "show",   "FILE is required"},
-    {{"show", "a", "b"},                   "show",   "unexpected argument 'b'"},
+    {{"show", "a", "actions", "1", "x"},   "show",   "unexpected argument 'x'"},
+    {{"show", "a", "--json=x"},            "show",   "wrong use of option '--json'"},
+    {{"graph"},                            "graph",  "FILE is required"},
+    {{"graph", "a", "b"},                  "graph",  "unexpected argument 'b'"},
     {{"show", "--keys", "a"},              "show",   "unknown option '--keys'"},
     {{"show", "--show-keys=x", "a"},       "show",   "wrong use of option '--show-keys'"},
+    {{"check"},                            "check",  "FILE is required"},
+    {{"check", "--level=fatal", "a"},      "check",  "wrong use of option '--level'"},
+    {{"check", "--json", "--sarif", "a"},  "check",  "wrong use of option '--sarif'"},
+    {{"check", "--list", "a"},             "check",  "unexpected argument 'a'"},
+    {{"check", "--explain=x", "a\x1b"},     "check",  "unexpected argument 'a\\x1b'"},
+    {{"check", "--list", "--sarif"},       "check",  "wrong use of option '--sarif'"},
+    {{"check", "--list", "--explain=x"},   "check",  "wrong use of option '--list'"},
+    {{"check", "-", "a", "-"},             "check",  "standard input can be read only once"},
+    {{"check", "--explain"},               "check",  "wrong use of option '--explain'"},
     {{"format"},                           "format", "FILE is required"},
     {{"format", "a", "-o"},                "format", "wrong use of option '--output'"},
     {{"format", "a", "-o", "b", "-o", "c"},"format", "wrong use of option '--output'"},
     {{"format", "a", "b\x1b[31m\n"},       "format", "unexpected argument 'b\\x1b[31m\\n'"},
+    {{"format", "a", "b", "-o", "c"},      "format", "unexpected argument 'b'"},
+    {{"format", "a", "--check", "--in-place"},   "format", "--check and --in-place exclude each other"},
+    {{"format", "a", "--check", "-o", "b"},      "format", "--check and --output exclude each other"},
+    {{"format", "a", "--in-place", "-o", "-"},   "format", "--in-place and --output exclude each other"},
+    {{"format", "--check"},                "format", "FILE is required"},
+    {{"format", "a", "--check=no"},        "format", "wrong use of option '--check'"},
+    {{"format", "a", "--max-size", "64 M"},"format", notASize("64 M")},
+    {{"format", "a", "--max-size", "64m"}, "format", notASize("64m")},
+    {{"format", "a", "--max-size", "64MiB"},     "format", notASize("64MiB")},
+    {{"format", "a", "--max-size", "M"},   "format", notASize("M")},
+    {{"format", "a", "--max-size", "-1"},  "format", notASize("-1")},
+    {{"format", "a", "--max-size", "+1"},  "format", notASize("+1")},
+    {{"format", "a", "--max-size", "0x10"},"format", notASize("0x10")},
+    {{"format", "a", "--max-size", "1.5G"},"format", notASize("1.5G")},
+    {{"format", "a", "--max-size="},       "format", "wrong use of option '--max-size'"},
+    {{"format", "a", "--max-size", "\x1b"},"format", notASize("\\x1b")},
+    {{"format", "a", "--max-size", "00K"}, "format", badSize("00K", "leaves nothing to read")},
+    {{"format", "a", "--max-size", "18446744073709551616"},  "format", tooLarge("18446744073709551616")},
+    {{"format", "a", "--max-size", "18014398509481984K"},    "format", tooLarge("18014398509481984K")},
+    {{"format", "a", "--max-size"},        "format", "wrong use of option '--max-size'"},
+    {{"edit"},                             "edit",   "FILE is required"},
+    {{"edit", "a"},                        "edit",   "commands are required, with -e or in a SCRIPT (not both)"},
+    {{"edit", "a", "b", "-e", "c"},        "edit",   "commands are required, with -e or in a SCRIPT (not both)"},
+    {{"edit", "a", "b", "c"},              "edit",   "unexpected argument (a command with blanks must be in quotes)"},
+    {{"edit", "a", "-e", "b", "c", "d"},   "edit",   "unexpected argument (a command with blanks must be in quotes)"},
+    {{"edit", "a", "-e"},                  "edit",   "wrong use of option '--command'"},
+    {{"edit", "-", "-e", "b"},             "edit",   "standard input cannot be edited: FILE must be a file"},
+    {{"edit", "-", "b", "--dry-run"},      "edit",   "standard input cannot be edited: FILE must be a file"},
+    {{"edit", "a", "b", "--dry-run=no"},   "edit",   "wrong use of option '--dry-run'"},
+    {{"edit", "a", "b", "--cascade=no"},   "edit",   "wrong use of option '--cascade'"},
+    {{"edit", "a", "b", "--max-size", "x"},"edit",   notASize("x")},
 };
 // clang-format on
 

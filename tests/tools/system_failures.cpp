@@ -4,6 +4,7 @@
 
 #include <array>
 #include <filesystem>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -15,10 +16,54 @@ namespace {
 
 class SystemFailures : public InFolder {};
 
-/// Each command, with arguments under which it prints something.
-class Printing : public InFolder, public testing::WithParamInterface<std::vector<std::string>> {
+/// A command with arguments under which it prints something. Standard input and the file in.xml are a small document,
+/// which is not in the written form.
+struct PrintingCommand {
+    std::vector<std::string> arguments;
+    int                      status = 0;
+};
+
+std::ostream& operator<<(std::ostream& out, const PrintingCommand& command)
+{
+    return out << testing::PrintToString(command.arguments);
+}
+
+const PrintingCommand PRINTING_COMMANDS[] = {
+    {{"new"}},
+    {{"show", "-"}},
+    {{"show", "in.xml"}},
+    {{"show", "-", "actions"}},
+    {{"show", "-", "--json"}},
+    {{"check", "-"}},
+    {{"check", "dangling.xml"}, 1},
+    {{"check", "--json", "dangling.xml"}, 1},
+    {{"check", "--sarif", "dangling.xml"}, 1},
+    {{"check", "--list"}},
+    {{"graph", "-"}},
+    {{"diff", "in.xml", "dangling.xml"}, 1},
+    {{"diff", "--script", "in.xml", "dangling.xml"}, 1},
+    {{"diff", "--json", "in.xml", "dangling.xml"}, 1},
+    {{"edit", "in.xml", "--dry-run", "-e", "add host-group y"}},
+    {{"format", "-"}},
+    {{"format", "in.xml", "-o", "-"}},
+    {{"format", "--check", "in.xml"}, 1},
+    {{"--help"}},
+    {{"--version"}},
+    {{"format", "--help"}},
+};
+
+class Printing : public InFolder, public testing::WithParamInterface<PrintingCommand> {
   protected:
-    static Outcome runWith(const std::function<void()>& prepare) { return run(GetParam(), document(), prepare); }
+    Printing()
+    {
+        writeFile("in.xml", document());
+        writeFile("dangling.xml", document("", "", "", entry("policy", 1, policy(1, 1, 1))));
+    }
+
+    static Outcome runWith(const std::function<void()>& prepare)
+    {
+        return run(GetParam().arguments, document(), prepare);
+    }
 };
 
 TEST_P(Printing, ToAFullDeviceFails)
@@ -58,20 +103,22 @@ TEST_P(Printing, BeyondTheLimitOfAFileFails)
 
 TEST_P(Printing, WorksWithAClosedStandardError)
 {
-    const Outcome usual = runWith([] {});
-    EXPECT_EQ(usual.status, 0);
-    EXPECT_EQ(runWith([] { close(STDERR_FILENO); }), usual);
+    Outcome usual  = runWith([] {});
+    Outcome closed = runWith([] { close(STDERR_FILENO); });
+    EXPECT_EQ(usual.status, GetParam().status);
+    EXPECT_NE(usual.out, "");
+    for (Outcome* const outcome : {&usual, &closed})
+        outcome->out = withoutKey(outcome->out);
+    EXPECT_EQ(closed, usual);
 }
 
-INSTANTIATE_TEST_SUITE_P(SystemFailures, Printing,
-                         testing::Values(std::vector<std::string>{"new"}, std::vector<std::string>{"show", "-"},
-                                         std::vector<std::string>{"format", "-"}, std::vector<std::string>{"--help"},
-                                         std::vector<std::string>{"--version"}));
+INSTANTIATE_TEST_SUITE_P(SystemFailures, Printing, testing::ValuesIn(PRINTING_COMMANDS));
 
 TEST_F(SystemFailures, AFileThatIsMissingIsReported)
 {
     EXPECT_EQ(run({"show", "none.xml"}), troubled("none.xml: No such file or directory"));
     EXPECT_EQ(run({"format", "none.xml"}), troubled("none.xml: No such file or directory"));
+    EXPECT_EQ(run({"graph", "none.xml"}), troubled("none.xml: No such file or directory"));
 }
 
 TEST_F(SystemFailures, AFolderIsNoConfiguration)
@@ -124,15 +171,23 @@ TEST_F(SystemFailures, RunningOutOfMemoryAnywhereIsReported)
     while (runWithin(least, {"--version"}).status != 0)
         ASSERT_LT(++least, 1000U) << "the program does not start at all";
 
-    for (const std::string command : {"show", "format"}) {
-        const Outcome enough = run({command, "in.xml"});
+    const std::vector<std::string> commands[] = {{"show", "in.xml"},
+                                                 {"show", "in.xml", "host-groups", "1"},
+                                                 {"show", "in.xml", "--json"},
+                                                 {"graph", "in.xml"},
+                                                 {"check", "in.xml"},
+                                                 {"format", "in.xml"},
+                                                 {"edit", "in.xml", "--dry-run", "-e", "add host-group y"}};
+    for (const std::vector<std::string>& command : commands) {
+        const Outcome enough = run(command);
         ASSERT_EQ(enough.status, 0);
-        EXPECT_EQ(runWithin(least, {command, "in.xml"}), troubled("out of memory"));
+        EXPECT_EQ(runWithin(least, command), troubled("out of memory"));
         for (rlim_t megabytes = least;; ++megabytes) {
-            const Outcome outcome = runWithin(megabytes, {command, "in.xml"});
+            const Outcome outcome = runWithin(megabytes, command);
             if (outcome == enough)
                 break;
-            ASSERT_EQ(outcome, troubled("out of memory")) << command << " within " << megabytes << " MiB";
+            ASSERT_EQ(outcome, troubled("out of memory"))
+                << testing::PrintToString(command) << " within " << megabytes << " MiB";
         }
     }
 }

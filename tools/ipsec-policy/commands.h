@@ -27,7 +27,11 @@ struct Command {
 
 extern const Command NEW_COMMAND;
 extern const Command SHOW_COMMAND;
+extern const Command CHECK_COMMAND;
 extern const Command FORMAT_COMMAND;
+extern const Command DIFF_COMMAND;
+extern const Command EDIT_COMMAND;
+extern const Command GRAPH_COMMAND;
 
 /// All of them, as the help lists them.
 std::vector<const Command*> allCommands();

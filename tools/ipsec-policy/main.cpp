@@ -3,12 +3,12 @@
 ///
 /// Results go to standard output, messages to standard error.
 
+#include "build_facts.h"
 #include "commands.h"
+#include "complete.h"
 #include "failure.h"
 #include "files.h"
 #include "text.h"
-
-#include <ipsecimpl/version.h>
 
 #include <CLI/CLI.hpp>
 
@@ -24,8 +24,6 @@
 #include <unistd.h>
 
 namespace {
-
-const char PROGRAM[] = "ipsec-policy";
 
 /// A write to a closed pipe or beyond a limit is to fail like any other, and not to kill the program.
 void ignoreSignals()
@@ -70,7 +68,10 @@ std::string usageMessage(const CLI::App& command, const CLI::Error& error)
         const std::string& other    = others.front();
         const bool         isOption = other.size() > 1 && other.front() == '-';
         const char* const  what = isOption ? "unknown option" : isProgram ? "unknown command" : "unexpected argument";
-        return what + (" '" + printable(other)) + "'";
+        // What is not in quotes may be a command of `edit` with a key in it.
+        if (!isOption && command.get_name() == "edit")
+            return what + std::string(" (a command with blanks must be in quotes)");
+        return what + (" '" + printable(other.substr(0, other.find('=')))) + "'";
     }
     if (isProgram)
         return "a command is required\nUsage: ipsec-policy [OPTION ...] COMMAND ...";
@@ -82,37 +83,57 @@ std::string usageMessage(const CLI::App& command, const CLI::Error& error)
     return "wrong use of option '--" + printable(option.substr(0, option.find_first_of(": "))) + "'";
 }
 
-Failure usageFailure(const CLI::App& app, const CLI::Error& error)
+Failure argumentsFailure(const CLI::App& app, const CLI::Error& error)
 {
     const std::vector<CLI::App*> chosen = app.get_subcommands();
     if (chosen.empty() || !app.remaining().empty())
         return Failure(ExitStatus::TROUBLE,
                        usageMessage(app, error) + "\nRun 'ipsec-policy --help' for more information.");
-    const std::string command = chosen.front()->get_name();
-    return Failure(ExitStatus::TROUBLE, command + ": " + usageMessage(*chosen.front(), error) + "\nRun 'ipsec-policy " +
-                                            command + " --help' for more information.");
+    return usageFailure(chosen.front()->get_name(), usageMessage(*chosen.front(), error));
 }
 
-/// Runs the command that the arguments ask for, and returns how it ended. Throws a Failure, or std::bad_alloc.
-ExitStatus run(int argc, const char* const* argv)
+/// Declares the program's arguments and those of all commands. Once they are read, `chosen` is what is to be done.
+void declareArguments(CLI::App& app, std::function<ExitStatus()>& chosen)
 {
-    CLI::App app("Manages IPsec security-policy configurations.", PROGRAM);
     declareLooks(app);
-    app.set_version_flag("-V,--version", std::string(PROGRAM) + ' ' + ipsecimpl::VERSION, "Print the version and exit");
+    app.set_version_flag("-V,--version", buildFacts, "Print the version and how the program was built, and exit");
     app.require_subcommand(1);
     app.footer("'ipsec-policy COMMAND --help' tells more about a command.\n\n"
                "Exit status: 0 if all is well; 1 for findings or differences, and for a\n"
                "configuration that does not load, or would not once it is written; 2 for wrong\n"
                "usage and for what cannot be read or written.");
 
-    std::function<ExitStatus()> chosen;
     for (const Command* command : allCommands()) {
         CLI::App* arguments = app.add_subcommand(command->name, command->summary + std::string("."));
         arguments->group("Commands");
         arguments->footer(command->details + std::string("\n\nExamples:\n") + indented(command->examples));
         arguments->final_callback([&chosen, action = command->declare(*arguments)] { chosen = action; });
     }
+}
 
+/// Tells a shell what the last of the words could become, if there is anything to tell.
+void complete(const std::vector<std::string>& words)
+{
+    try {
+        CLI::App                    app("", PROGRAM);
+        std::function<ExitStatus()> chosen;
+        declareArguments(app, chosen);
+        writeStandardOutput(completions(app, words));
+    } catch (const std::exception&) {
+        // Whoever is typing has no use for a message.
+    }
+}
+
+/// Runs the command that the arguments ask for, and returns how it ended. Throws a Failure, or std::bad_alloc.
+ExitStatus run(int argc, const char* const* argv)
+{
+    if (argc > 1 && std::string_view(argv[1]) == "__complete") {
+        complete({argv + 2, argv + argc});
+        return ExitStatus::CLEAN;
+    }
+    CLI::App                    app("Manages IPsec security-policy configurations.", PROGRAM);
+    std::function<ExitStatus()> chosen;
+    declareArguments(app, chosen);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& asked) { // for help, or for the version
@@ -121,21 +142,9 @@ ExitStatus run(int argc, const char* const* argv)
         writeStandardOutput(answer.str());
         return ExitStatus::CLEAN;
     } catch (const CLI::Error& error) {
-        throw usageFailure(app, error);
+        throw argumentsFailure(app, error);
     }
     return chosen();
-}
-
-/// Writes the message without asking for memory, so that running out of it can be reported too.
-void report(std::string_view message)
-{
-    try {
-        for (const std::string_view piece :
-             {std::string_view(PROGRAM), std::string_view(": "), message, std::string_view("\n")})
-            writeAll(STDERR_FILENO, piece, {});
-    } catch (const std::exception&) {
-        // There is nowhere left to tell.
-    }
 }
 
 } // namespace
@@ -147,14 +156,14 @@ int main(int argc, char** argv)
     try {
         return static_cast<int>(run(argc, argv));
     } catch (const Failure& failure) {
-        report(failure.what());
+        printMessage(failure.what());
         return static_cast<int>(failure.status);
     } catch (const std::bad_alloc&) {
-        report("out of memory");
+        printMessage("out of memory");
     } catch (const std::length_error&) {
-        report("out of memory"); // more than could ever be there
+        printMessage("out of memory"); // more than could ever be there
     } catch (const std::exception& error) {
-        report(error.what());
+        printMessage(error.what());
     }
     return static_cast<int>(ExitStatus::TROUBLE);
 }

@@ -161,6 +161,13 @@ TEST_F(Complete, WhereNothingIsMissingOptionsAreLeft)
     EXPECT_THAT(wordsFor({"graph", "--", "policy.xml", ""}), IsEmpty());
 }
 
+TEST_F(Complete, LevelsAndCodesOfCheckAreKnown)
+{
+    EXPECT_THAT(wordsFor({"check", "--level", ""}), ElementsAre("error", "warning", "note"));
+    EXPECT_THAT(wordsFor({"check", "--level=w"}), ElementsAre("--level=warning"));
+    EXPECT_THAT(wordsFor({"check", "--explain", "dh-group-1"}), ElementsAre("dh-group-1"));
+}
+
 TEST_F(Complete, UnknownCommandsOptionsAndKindsHaveNone)
 {
     EXPECT_THAT(completed({"none", ""}), IsEmpty());

@@ -1,7 +1,9 @@
 #include "complete.h"
 
+#include "check_report.h"
 #include "object_candidates.h"
 #include "objects.h"
+#include "rules.h"
 #include "shell_word.h"
 #include "text.h"
 
@@ -18,7 +20,7 @@ namespace {
 const char FILES[] = ":files\n";
 
 /// What the arguments that are files are called in the commands' declarations.
-const std::string_view FILE_WORDS[] = {"FILE", "OUT", "OLD", "NEW", "SCRIPT", "BACKUP"};
+const std::string_view FILE_WORDS[] = {"FILE", "OUT", "OLD", "NEW", "SCRIPT"};
 
 bool startsWith(std::string_view text, std::string_view start)
 {
@@ -161,9 +163,12 @@ void Completion::addValues(const CLI::Option& argument, const CLI::App& command,
 {
     const std::string type = argument.get_type_name();
     const std::string word = argument.get_positional() ? argument.get_name(true) : type;
-    if (const std::size_t brace = type.find('{'); brace != std::string::npos) {
-        for (const std::string& choice : CLI::detail::split(type.substr(brace + 1, type.find('}') - brace - 1), ','))
-            add({choice, ""});
+    if (word == "LEVEL") {
+        for (const Level level : {Level::ERROR, Level::WARNING, Level::NOTE})
+            add({wordOf(level), ""});
+    } else if (word == "CODE") {
+        for (const Rule* const rule : allRules())
+            add({rule->code, rule->summary});
     } else if (word == "KIND") {
         for (const Kind kind : ALL_KINDS)
             add({wordsOf(kind).plural, ""});

@@ -77,8 +77,9 @@ class WithoutEcho {
 
     ~WithoutEcho()
     {
-        if (isSilent_)
-            tcsetattr(terminal_, TCSAFLUSH, &before_);
+        // A signal that comes just now must not leave the terminal silent.
+        while (isSilent_ && tcsetattr(terminal_, TCSAFLUSH, &before_) != 0 && errno == EINTR) {
+        }
     }
 
   private:

@@ -43,6 +43,12 @@ class IPSECIMPL_API HostSelector {
     /// `std::invalid_argument`: "subnet mask not specified" for SUBNET_MASK; for SUBNET_LENGTH, what len2mask() throws.
     HostSelector(AddressFamily family, AddressType type, const std::string& addr1, int length);
 
+    HostSelector(const HostSelector&)                = default;
+    HostSelector(HostSelector&&) noexcept            = default;
+    HostSelector& operator=(const HostSelector& other); ///< if it throws, the target is as it was
+    HostSelector& operator=(HostSelector&&) noexcept = default;
+    ~HostSelector()                                  = default;
+
     /// The prefix length of a netmask text: its leading one bits, up to the first byte that is not 0xFF, in which they
     /// count only if it is a mask byte (0xFE, 0xFC ... 0x80). Later bytes are not looked at, so holes are not refused:
     /// "255.0.255.0" gives 8.

@@ -92,6 +92,13 @@ HostSelector::HostSelector(AddressFamily fam, AddressType type, const std::strin
         throw std::invalid_argument("subnet mask not specified");
 }
 
+HostSelector& HostSelector::operator=(const HostSelector& other)
+{
+    if (this != &other)
+        *this = HostSelector(other);
+    return *this;
+}
+
 int HostSelector::mask2len(const AddressFamily& family, const char* text)
 {
     Mask mask = emptyMask(family);

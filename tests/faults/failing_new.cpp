@@ -3,19 +3,63 @@
 #include <cstdlib>
 #include <new>
 
+#include <malloc.h>
+
 namespace {
 
 const std::size_t NEVER = static_cast<std::size_t>(-1);
 
-std::size_t inUse     = 0;
-std::size_t successes = NEVER;
-bool        failed    = false;
+ipsecimpl::MemoryInUse inUse     = {0, 0};
+std::size_t            successes = NEVER; // that are left
+ipsecimpl::Shortage    kind      = ipsecimpl::Shortage::Once;
+bool                   failed    = false;
+
+bool isToFail()
+{
+    if (successes == NEVER)
+        return false;
+    if (successes > 0) {
+        --successes;
+        return false;
+    }
+    if (kind == ipsecimpl::Shortage::Once)
+        successes = NEVER;
+    failed = true;
+    return true;
+}
+
+void* allocate(std::size_t size) noexcept
+{
+    void* const block = isToFail() ? nullptr : std::malloc(size);
+    if (block != nullptr) {
+        ++inUse.blocks;
+        inUse.bytes += malloc_usable_size(block);
+    }
+    return block;
+}
+
+void release(void* block) noexcept
+{
+    if (block == nullptr)
+        return;
+    --inUse.blocks;
+    inUse.bytes -= malloc_usable_size(block);
+    std::free(block);
+}
+
+void* require(void* block)
+{
+    if (block == nullptr)
+        throw std::bad_alloc();
+    return block;
+}
 
 } // namespace
 
-ipsecimpl::FailingAllocation::FailingAllocation(std::size_t firstSuccesses)
+ipsecimpl::FailingAllocation::FailingAllocation(std::size_t firstSuccesses, Shortage shortage)
 {
     successes = firstSuccesses;
+    kind      = shortage;
     failed    = false;
 }
 
@@ -29,34 +73,33 @@ bool ipsecimpl::FailingAllocation::happened() const
     return failed;
 }
 
-std::size_t ipsecimpl::blocksInUse()
+ipsecimpl::MemoryInUse ipsecimpl::memoryInUse()
 {
     return inUse;
 }
 
-void* operator new(std::size_t size)
+std::ostream& ipsecimpl::operator<<(std::ostream& out, const MemoryInUse& memory)
 {
-    if (successes == 0 && !failed) {
-        failed = true;
-        throw std::bad_alloc();
-    }
-    if (successes != NEVER && successes > 0)
-        --successes;
-    void* const block = std::malloc(size);
-    if (block == nullptr)
-        throw std::bad_alloc();
-    ++inUse;
-    return block;
+    return out << memory.blocks << " blocks of " << memory.bytes << " bytes";
 }
 
-void operator delete(void* block) noexcept
+std::ostream& ipsecimpl::operator<<(std::ostream& out, Shortage shortage)
 {
-    if (block != nullptr)
-        --inUse;
-    std::free(block);
+    return out << (shortage == Shortage::Once ? "once" : "lasting");
 }
 
-void operator delete(void* block, std::size_t) noexcept
-{
-    operator delete(block);
-}
+// All forms, so that nothing is allocated past the count.
+
+// clang-format off
+void* operator new(std::size_t size)                                   { return require(allocate(size)); }
+void* operator new[](std::size_t size)                                 { return require(allocate(size)); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept   { return allocate(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
+
+void operator delete(void* block) noexcept                             { release(block); }
+void operator delete[](void* block) noexcept                           { release(block); }
+void operator delete(void* block, std::size_t) noexcept                { release(block); }
+void operator delete[](void* block, std::size_t) noexcept              { release(block); }
+void operator delete(void* block, const std::nothrow_t&) noexcept      { release(block); }
+void operator delete[](void* block, const std::nothrow_t&) noexcept    { release(block); }
+// clang-format on

@@ -2,17 +2,24 @@
 #define IPSECIMPL_TESTS_FAULTS_FAILING_NEW_H
 
 /// \file
-/// An operator new that runs out of memory when it is told to.
+/// An operator new that runs out of memory when it is told to. One thread at a time.
 
 #include <cstddef>
+#include <ostream>
 
 namespace ipsecimpl {
 
-/// While an object of this class lives, the allocation after the first `successes` ones fails, and only that one.
-/// Objects must not overlap.
+/// How long memory is short: for one allocation, so that what comes after it finds memory again, or from there on, so
+/// that cleaning up finds none either.
+enum class Shortage { Once, Lasting };
+
+std::ostream& operator<<(std::ostream& out, Shortage shortage);
+
+/// While an object of this class lives, the allocation after the first `successes` ones fails, and if the shortage
+/// lasts all that follow. Objects must not overlap.
 class FailingAllocation {
   public:
-    explicit FailingAllocation(std::size_t successes);
+    FailingAllocation(std::size_t successes, Shortage shortage);
     ~FailingAllocation();
 
     FailingAllocation(const FailingAllocation&)            = delete;
@@ -22,8 +29,20 @@ class FailingAllocation {
     bool happened() const;
 };
 
-/// Number of heap blocks in use.
-std::size_t blocksInUse();
+/// What is allocated and not yet freed.
+struct MemoryInUse {
+    std::size_t blocks;
+    std::size_t bytes;
+};
+
+inline bool operator==(const MemoryInUse& a, const MemoryInUse& b)
+{
+    return a.blocks == b.blocks && a.bytes == b.bytes;
+}
+
+std::ostream& operator<<(std::ostream& out, const MemoryInUse& memory);
+
+MemoryInUse memoryInUse();
 
 } // namespace ipsecimpl
 

@@ -1,0 +1,67 @@
+// Loading and storing the example configurations, with memory short at each allocation.
+
+#include "faults/objects.h"
+#include "faults/operations.h"
+#include "support/xml.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+
+namespace ipsecimpl {
+namespace {
+
+class SampleOutOfMemory : public ::testing::TestWithParam<const char*> {};
+
+/// Loads `text` into a configuration that exists, from a stream on `Buffer`.
+template <class Buffer>
+std::size_t failEachLoad(const std::string& text, Shortage shortage)
+{
+    return failEachAllocation(
+        configuration,
+        [&text](IPsecConfig& config) {
+            SourceOn<Buffer> source(text);
+            config = IPsecConfig::importXML(source.parser);
+        },
+        shortage);
+}
+
+TEST_P(SampleOutOfMemory, LoadsWholeOrNotAtAll)
+{
+    const std::string text     = sample(GetParam());
+    const std::size_t failures = failEachLoad<std::stringbuf>(text, Shortage::Once);
+    EXPECT_GT(failures, 50U);
+    report(failures + failEachLoad<std::stringbuf>(text, Shortage::Lasting));
+}
+
+TEST_P(SampleOutOfMemory, LoadsByteForByteWholeOrNotAtAll)
+{
+    const std::string text     = sample(GetParam());
+    const std::size_t failures = failEachLoad<ByteBuffer>(text, Shortage::Once);
+    EXPECT_GT(failures, 50U);
+    report(failures);
+}
+
+TEST_P(SampleOutOfMemory, IsStoredWholeOrTheStreamTellsOfIt)
+{
+    IPsecConfig config   = read<IPsecConfig>(sample(GetParam()));
+    std::size_t failures = 0;
+    for (const Shortage shortage : {Shortage::Once, Shortage::Lasting})
+        for (const bool throws : {false, true})
+            failures += failEachAllocationOfAStore(
+                config, [](IPsecConfig& c, std::ostream& out) { c.exportXML(out); }, shortage, throws);
+    EXPECT_GT(failures, 12U);
+    report(failures);
+}
+
+INSTANTIATE_TEST_SUITE_P(Configs, SampleOutOfMemory, ::testing::Values("home-router", "branch-office", "server-farm"),
+                         [](const auto& test) {
+                             std::string name = test.param;
+                             std::replace(name.begin(), name.end(), '-', '_');
+                             return name;
+                         });
+
+} // namespace
+} // namespace ipsecimpl

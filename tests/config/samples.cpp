@@ -1,5 +1,6 @@
 // The documents under examples/configs: they load, they are in the written form, and they show what the format can say.
 
+#include "support/samples.h"
 #include "support/xml.h"
 
 #include <ipsecimpl/ipsecimpl.h>
@@ -7,9 +8,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <fstream>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -25,21 +24,12 @@ using testing::MatchesRegex;
 using testing::Not;
 using testing::NotNull;
 
-std::string textOf(const std::string& sample)
-{
-    std::ifstream      in(std::string(EXAMPLES_DIR "/configs/") + sample + ".xml");
-    std::ostringstream text;
-    text << in.rdbuf();
-    EXPECT_TRUE(in && text) << sample << " cannot be read";
-    return text.str();
-}
-
 IPsecConfig load(const std::string& sample)
 {
-    return read<IPsecConfig>(textOf(sample));
+    return read<IPsecConfig>(sampleText(sample));
 }
 
-const std::vector<std::string> samples{"home-router", "branch-office", "server-farm"};
+const std::vector<std::string>& samples = sampleNames();
 
 bool hasKeyMgr(const IPsecAction& action)
 {
@@ -154,7 +144,7 @@ TEST_P(Sample, LoadsEntriesIntoEachCollection)
 
 TEST_P(Sample, IsStoredByteForByteAsItWasLoaded)
 {
-    const std::string text = textOf(GetParam());
+    const std::string text = sampleText(GetParam());
 
     EXPECT_EQ(rewritten<IPsecConfig>(text), text);
 }

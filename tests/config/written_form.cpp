@@ -1,160 +1,27 @@
 // What a stream's buffer holds ready may be taken in one step. Nobody can tell from what buffer a document was read.
 
-#include "support/streams.h"
-#include "support/xml.h"
-
-#include <ipsecimpl/ipsecimpl.h>
+#include "support/outcomes.h"
+#include "support/samples.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <fstream>
-#include <functional>
 #include <ios>
-#include <iterator>
 #include <random>
-#include <sstream>
-#include <stdexcept>
-#include <streambuf>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace ipsecimpl {
 namespace {
-
-/// Holds up to `size` bytes of a text ready at a time, and before them the one that was read last, to be put back.
-class ChunkBuffer : public std::streambuf {
-  public:
-    ChunkBuffer(std::string text, std::size_t size)
-        : text_(std::move(text))
-        , size_(size)
-    {
-    }
-
-  protected:
-    int_type underflow() override
-    {
-        const std::size_t begin = end_ == 0 ? 0 : end_ - 1;
-        const std::size_t next  = end_;
-        if (next == text_.size())
-            return traits_type::eof();
-        end_  = std::min(next + size_, text_.size());
-        held_ = text_.substr(begin, end_ - begin + 3); // elsewhere in memory than before, and more than is shown
-        setg(held_.data(), held_.data() + (next - begin), held_.data() + (end_ - begin));
-        return traits_type::to_int_type(*gptr());
-    }
-
-  private:
-    std::string text_;
-    std::string held_;
-    std::size_t size_;
-    std::size_t end_ = 0; // index behind the bytes that are held ready
-};
-
-/// All that a reader leaves behind.
-struct Outcome {
-    std::string            result; ///< the object, written again, or what was thrown
-    std::string            open;   ///< the elements that are open then, as a message shows them
-    std::ios_base::iostate state;
-    std::string            rest; ///< what stays in the stream
-
-    bool operator==(const Outcome& other) const
-    {
-        return result == other.result && open == other.open && state == other.state && rest == other.rest;
-    }
-};
-
-void PrintTo(const Outcome& outcome, std::ostream* out)
-{
-    *out << testing::PrintToString(outcome.result) << ", open: " << testing::PrintToString(outcome.open) << ", state "
-         << outcome.state << ", rest: " << testing::PrintToString(outcome.rest);
-}
-
-template <class T>
-std::string readFrom(XMLParser& parser)
-{
-    try {
-        return written(T::importXML(parser));
-    } catch (const ParseError& error) {
-        return std::string("ParseError: ") + error.what();
-    } catch (const std::invalid_argument& error) {
-        return std::string("invalid_argument: ") + error.what();
-    } catch (const std::ios_base::failure&) {
-        return "failure";
-    }
-}
-
-struct Element {
-    const char*                            tag;
-    std::function<std::string(XMLParser&)> read;
-};
-
-const std::vector<Element> elements{
-    {"ipsec", readFrom<IPsecConfig>},
-    {"hostGroups", readFrom<HostGroups>},
-    {"protocolGroups", readFrom<ProtocolGroups>},
-    {"actions", readFrom<Actions>},
-    {"policies", readFrom<Policies>},
-    {"hostGroup", readFrom<HostGroup>},
-    {"hostSelector", readFrom<HostSelector>},
-    {"protocolGroup", readFrom<ProtocolGroup>},
-    {"protocolSelector", readFrom<ProtocolSelector>},
-    {"action", readFrom<IPsecAction>},
-    {"manualKey", readFrom<MKM>},
-    {"ikePhase1", readFrom<IKEPhase1>},
-    {"ikePhase2", readFrom<IKEPhase2>},
-    {"policy", readFrom<Policy>},
-};
-
-/// How the stream is set up.
-struct Setting {
-    std::ios_base::iostate mask  = std::ios_base::goodbit; ///< asks for exceptions
-    std::ios_base::iostate state = std::ios_base::goodbit; ///< before anything is read
-};
-
-/// Reads `element`, and once more from where that stopped, with the same parser.
-std::vector<Outcome> outcomes(const Element& element, std::streambuf& buffer, const Setting& setting)
-{
-    std::istream in(&buffer);
-    in.setstate(setting.state);
-    in.exceptions(setting.mask);
-    XMLParser            parser(in);
-    std::vector<Outcome> all(2);
-    for (Outcome& outcome : all) {
-        outcome.result = element.read(parser);
-        outcome.open   = errorOf([&] { parser.expand_entity(""); }); // throws in any case, and reads nothing
-        outcome.state  = in.rdstate();
-    }
-    all.back().rest.assign(std::istreambuf_iterator<char>(&buffer), {});
-    return all;
-}
-
-/// The same from a buffer without a get area, from one that holds all, and from one that holds `chunk` bytes. Returns
-/// whether the element was read.
-bool expectAlike(const Element& element, const std::string& text, std::size_t chunk, const Setting& setting = {})
-{
-    ByteBuffer     bytes(text);
-    std::stringbuf whole(text, std::ios_base::in);
-    ChunkBuffer    chunks(text, chunk);
-
-    const std::vector<Outcome> expected = outcomes(element, bytes, setting);
-    EXPECT_EQ(outcomes(element, whole, setting), expected)
-        << "mask " << setting.mask << ": " << testing::PrintToString(text);
-    EXPECT_EQ(outcomes(element, chunks, setting), expected)
-        << "chunks of " << chunk << ", mask " << setting.mask << ": " << testing::PrintToString(text);
-    return expected.front().result.front() == '<';
-}
 
 /// Every `element` in the samples.
 std::vector<std::string> textsOf(const Element& element)
 {
     const std::string        open = "<" + std::string(element.tag) + ">", close = "</" + open.substr(1) + "\n";
     std::vector<std::string> texts;
-    for (const char* sample : {"home-router", "branch-office", "server-farm"}) {
-        std::ifstream     in(EXAMPLES_DIR "/configs/" + std::string(sample) + ".xml");
-        const std::string text(std::istreambuf_iterator<char>(in), {});
+    for (const std::string& sample : sampleNames()) {
+        const std::string text = sampleText(sample);
         for (std::size_t begin = 0; (begin = text.find(open, begin)) != std::string::npos; begin += open.size())
             texts.push_back(text.substr(begin, text.find(close, begin) + close.size() - begin));
     }

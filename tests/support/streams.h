@@ -4,6 +4,7 @@
 /// \file
 /// Stream buffers that are lawful but unkind, to put under a `std::istream` or `std::ostream`.
 
+#include <algorithm>
 #include <cstddef>
 #include <sstream>
 #include <stdexcept>
@@ -93,6 +94,35 @@ class OneByteBuffer : public std::streambuf {
     std::string text_;
     std::size_t next_ = 0; // index behind the byte that is held ready
     char        byte_ = 0;
+};
+
+/// Holds up to `size` bytes of a text ready at a time, and before them the one that was read last, to be put back.
+class ChunkBuffer : public std::streambuf {
+  public:
+    ChunkBuffer(std::string text, std::size_t size)
+        : text_(std::move(text))
+        , size_(size)
+    {
+    }
+
+  protected:
+    int_type underflow() override
+    {
+        const std::size_t begin = end_ == 0 ? 0 : end_ - 1;
+        const std::size_t next  = end_;
+        if (next == text_.size())
+            return traits_type::eof();
+        end_  = std::min(next + size_, text_.size());
+        held_ = text_.substr(begin, end_ - begin + 3); // elsewhere in memory than before, and more than is shown
+        setg(held_.data(), held_.data() + (next - begin), held_.data() + (end_ - begin));
+        return traits_type::to_int_type(*gptr());
+    }
+
+  private:
+    std::string text_;
+    std::string held_;
+    std::size_t size_;
+    std::size_t end_ = 0; // index behind the bytes that are held ready
 };
 
 /// A ByteBuffer that takes no character back, like an unbuffered pipe.

@@ -7,7 +7,6 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <set>
 #include <string>
 #include <vector>
@@ -126,11 +125,8 @@ std::vector<std::string> builtInActionsOf(const Actions& actions)
 
 class Sample : public testing::TestWithParam<std::string> {};
 
-INSTANTIATE_TEST_SUITE_P(Configs, Sample, testing::ValuesIn(samples), [](const auto& sample) {
-    std::string name = sample.param;
-    std::replace(name.begin(), name.end(), '-', '_'); // a test's name holds no hyphen
-    return name;
-});
+INSTANTIATE_TEST_SUITE_P(Configs, Sample, testing::ValuesIn(samples),
+                         [](const auto& sample) { return testName(sample.param); });
 
 TEST_P(Sample, LoadsEntriesIntoEachCollection)
 {

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -27,6 +28,13 @@ inline std::string sampleText(const std::string& name)
     text << in.rdbuf();
     EXPECT_TRUE(in && text) << name << " cannot be read";
     return text.str();
+}
+
+/// The name as a test can have it: without hyphens.
+inline std::string testName(std::string name)
+{
+    std::replace(name.begin(), name.end(), '-', '_');
+    return name;
 }
 
 } // namespace ipsecimpl

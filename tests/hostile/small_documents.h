@@ -18,6 +18,11 @@ struct SmallDocument {
     bool        written = true; ///< in the form that the library writes, or in another that it reads
 };
 
+inline void PrintTo(const SmallDocument& document, std::ostream* out)
+{
+    *out << document.name;
+}
+
 const std::vector<SmallDocument>& smallDocuments();
 
 /// The one called so.

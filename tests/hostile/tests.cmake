@@ -1,7 +1,13 @@
+# Long sweeps, of which an ordinary run makes a part: see scripts/sweeps.
 ipsecimpl_test(test_hostile
+  hostile/changed_elements.cpp
+  hostile/chunked_load.cpp
+  hostile/elements.cpp
+  hostile/every_byte.cpp
+  hostile/failing_load.cpp
+  hostile/failing_store.cpp
   hostile/small_documents.cpp
   hostile/small_documents_test.cpp
   hostile/truncated_load.cpp
-  hostile/failing_load.cpp
-  hostile/chunked_load.cpp
-  hostile/failing_store.cpp)
+  support/golden.cpp)
+target_compile_definitions(test_hostile PRIVATE GOLDEN_DIR="${CMAKE_CURRENT_SOURCE_DIR}/hostile/golden")

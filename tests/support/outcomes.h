@@ -103,9 +103,10 @@ inline std::vector<Outcome> outcomes(const Element& element, std::streambuf& buf
     return all;
 }
 
-/// The same from a buffer without a get area, from one that holds all, and from one that holds `chunk` bytes. Returns
-/// whether the element was read.
-inline bool expectAlike(const Element& element, const std::string& text, std::size_t chunk, const Setting& setting = {})
+/// Reads `element` from a buffer without a get area, from one that holds all, and from one that holds `chunk` bytes, and
+/// expects the same from each. Returns the first reading's result.
+inline std::string resultAlike(const Element& element, const std::string& text, std::size_t chunk,
+                               const Setting& setting = {})
 {
     ByteBuffer     bytes(text);
     std::stringbuf whole(text, std::ios_base::in);
@@ -116,7 +117,13 @@ inline bool expectAlike(const Element& element, const std::string& text, std::si
         << "mask " << setting.mask << ": " << testing::PrintToString(text);
     EXPECT_EQ(outcomes(element, chunks, setting), expected)
         << "chunks of " << chunk << ", mask " << setting.mask << ": " << testing::PrintToString(text);
-    return expected.front().result.front() == '<';
+    return expected.front().result;
+}
+
+/// The same; returns whether the element was read.
+inline bool expectAlike(const Element& element, const std::string& text, std::size_t chunk, const Setting& setting = {})
+{
+    return resultAlike(element, text, chunk, setting).front() == '<';
 }
 
 } // namespace ipsecimpl

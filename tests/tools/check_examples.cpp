@@ -1,7 +1,7 @@
 // What check says of the sample configurations, to the letter.
 
-#include "golden.h"
 #include "program.h"
+#include "support/golden.h"
 
 #include <cstddef>
 #include <ostream>

@@ -2,9 +2,9 @@
 
 #include "check_report.h"
 #include "check_samples.h"
-#include "golden.h"
 #include "program.h"
 #include "rules.h"
+#include "support/golden.h"
 
 #include <gmock/gmock.h>
 

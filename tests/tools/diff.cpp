@@ -1,5 +1,5 @@
-#include "golden.h"
 #include "program.h"
+#include "support/golden.h"
 
 #include <cstdlib>
 #include <string>

@@ -1,7 +1,7 @@
 // What `show` makes of the example documents, in every form.
 
-#include "golden.h"
 #include "program.h"
+#include "support/golden.h"
 
 #include <nlohmann/json.hpp>
 

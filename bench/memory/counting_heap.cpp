@@ -33,8 +33,10 @@ void* operator new(std::size_t size)
     void* const block = std::malloc(std::max<std::size_t>(size, 1));
     if (block == nullptr)
         throw std::bad_alloc();
+    const std::size_t usable = malloc_usable_size(block);
     ++now.blocks;
-    now.bytes += malloc_usable_size(block);
+    now.total += usable;
+    now.bytes += usable;
     now.peak = std::max(now.peak, now.bytes);
     return block;
 }

@@ -87,31 +87,6 @@ void readConfig(std::istream& in)
     IPsecConfig::importXML(parser);
 }
 
-/// Whatever elements come, with whatever attributes and texts.
-void readAnything(std::istream& in)
-{
-    XMLParser   parser(in);
-    std::string name;
-    std::string text;
-    std::size_t depth = 0;
-    do {
-        switch (depth == 0 ? PARSE_CHILD : parser.parse_body()) {
-        case PARSE_CHILD:
-            parser.parse_tag(name);
-            while (parser.parse_attr(name, text)) {
-            }
-            depth += parser.parse_tag_end() == PARSE_CONTENT ? 1U : 0U;
-            break;
-        case PARSE_END:
-            parser.parse_end_tag();
-            --depth;
-            break;
-        default:
-            parser.parse_data(text);
-        }
-    } while (depth != 0);
-}
-
 std::string nested(std::size_t size)
 {
     const std::size_t depth = size / 7;
@@ -210,6 +185,30 @@ const std::vector<GrowthCase> cases{
 };
 
 } // namespace
+
+void readAnything(std::istream& in)
+{
+    XMLParser   parser(in);
+    std::string name;
+    std::string text;
+    std::size_t depth = 0;
+    do {
+        switch (depth == 0 ? PARSE_CHILD : parser.parse_body()) {
+        case PARSE_CHILD:
+            parser.parse_tag(name);
+            while (parser.parse_attr(name, text)) {
+            }
+            depth += parser.parse_tag_end() == PARSE_CONTENT ? 1U : 0U;
+            break;
+        case PARSE_END:
+            parser.parse_end_tag();
+            --depth;
+            break;
+        default:
+            parser.parse_data(text);
+        }
+    } while (depth != 0);
+}
 
 const std::vector<GrowthCase>& growthCases()
 {

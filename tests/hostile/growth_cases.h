@@ -21,6 +21,9 @@ struct GrowthCase {
 
 const std::vector<GrowthCase>& growthCases();
 
+/// Reads one element, whatever is in it, with the parser's own operations, and keeps nothing of it.
+void readAnything(std::istream& in);
+
 } // namespace ipsecimpl
 
 #endif

@@ -26,7 +26,7 @@ need_packages()
 
 # What a build of everything needs.
 build_packages=(cmake g++ ninja-build libcli11-dev nlohmann-json3-dev)
-test_packages=("${build_packages[@]}" libgmock-dev libgtest-dev libxml2-utils pkg-config
+test_packages=("${build_packages[@]}" libgmock-dev libgtest-dev libxml2-utils locales pkg-config
     strace)
 matrix_packages=("${test_packages[@]}" clang libc++-dev libc++abi-dev googletest g++-i686-linux-gnu
     g++-arm-linux-gnueabihf g++-powerpc-linux-gnu qemu-user)

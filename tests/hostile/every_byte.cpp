@@ -19,22 +19,15 @@ namespace {
 /// How often what came out.
 using Tally = std::map<std::string, std::size_t>;
 
-/// The kind of result: "read", or the message without what it quotes and without the elements that were open.
+/// The kind of result: "read", or the message up to what it names or quotes.
 std::string kindOf(const std::string& result)
 {
     if (result[0] == '<')
         return "read";
-    std::string kind;
-    bool        quoted = false;
-    for (const char c : result.substr(0, std::min(result.find("\nfrom <"), result.find(", found <")))) {
-        quoted = quoted != (c == '\'');
-        if (!quoted || c == '\'')
-            kind += c;
-    }
-    for (const std::string begin : {"ParseError: unknown tag:", "ParseError: missing data for",
-                                    "ParseError: invalid attributes or closing tag in"})
-        if (kind.find(begin) == 0)
-            return begin;
+    if (result.find("ParseError: unknown tag:") == 0) // not quoted
+        return "ParseError: unknown tag:";
+    std::string kind = result.substr(0, result.find_first_of("<'\n"));
+    XMLParser::trim(kind);
     return kind;
 }
 
@@ -62,7 +55,7 @@ std::string textOf(const Tally& tally)
 {
     std::string text;
     for (const auto& [kind, count] : tally)
-        text += std::to_string(count) + ' ' + kind + '\n';
+        text += std::to_string(count) + ": " + kind + '\n';
     return text;
 }
 

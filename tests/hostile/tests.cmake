@@ -7,14 +7,26 @@ ipsecimpl_test(test_hostile
   hostile/every_byte.cpp
   hostile/failing_load.cpp
   hostile/failing_store.cpp
+  hostile/global_locale.cpp
   hostile/growth_cases.cpp
   hostile/limits.cpp
   hostile/number_fields.cpp
   hostile/small_documents.cpp
   hostile/small_documents_test.cpp
+  hostile/stream_settings.cpp
   hostile/truncated_load.cpp
   support/golden.cpp)
-target_compile_definitions(test_hostile PRIVATE GOLDEN_DIR="${CMAKE_CURRENT_SOURCE_DIR}/hostile/golden")
+
+# A locale in Latin-1 that groups digits, where the machine has what it is made of.
+set(locales ${CMAKE_CURRENT_BINARY_DIR}/locales)
+find_program(LOCALEDEF localedef)
+if(LOCALEDEF AND NOT EXISTS ${locales}/de_DE.ISO-8859-1)
+  file(MAKE_DIRECTORY ${locales})
+  execute_process(COMMAND ${LOCALEDEF} -i de_DE -f ISO-8859-1 ${locales}/de_DE.ISO-8859-1 OUTPUT_QUIET ERROR_QUIET)
+endif()
+target_compile_definitions(test_hostile PRIVATE
+  GOLDEN_DIR="${CMAKE_CURRENT_SOURCE_DIR}/hostile/golden"
+  LOCALES_DIR="${locales}")
 
 # A program of its own, as it replaces operator new.
 ipsecimpl_test(test_growth

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <exception>
+#include <locale>
 #include <sstream>
 #include <string>
 
@@ -52,11 +53,12 @@ std::string refusalOf(const std::string& text)
     return errorOf([&] { read<T>(text); });
 }
 
-/// What `object` writes of itself, to a stream in its initial state.
+/// What `object` writes of itself, to a stream in its initial state and in the classic locale.
 template <class T>
 std::string written(T&& object)
 {
     std::ostringstream out;
+    out.imbue(std::locale::classic());
     EXPECT_EQ(&object.exportXML(out), &out) << "exportXML() must return the stream it was given";
     EXPECT_TRUE(out.good());
     return out.str();

@@ -156,6 +156,11 @@ class IPSECIMPL_API IPsecConfig {
     /// Each line is flushed. Nothing is escaped: a text with `<` in it, or with white space at its ends, does not come
     /// back. Nothing is thrown unless the exception mask of `out` asks for it: errors show in its state, running out of
     /// memory included, so test it. Not const, for historical reasons; it changes nothing.
+    ///
+    /// Numbers are written as `out` writes them, and a width pads the first character; no setting is changed but the
+    /// width, which is used up. For a document that can be loaded again `out` has to write plain decimal digits, as a
+    /// new stream does unless its locale groups them. Where std::locale::global() may have set such a one, call
+    /// `out.imbue(std::locale::classic())` first: "1.000" would come back as 1.
     std::ostream& exportXML(std::ostream& out);
 
     HostGroups     hostGroups;     ///< who the peers are

@@ -64,6 +64,10 @@ inline constexpr int PARSE_DATA    = 6; ///< character data is next
 /// White space is blank, \\t, \\n, \\v, \\f and \\r; letters and digits are those of ASCII. Neither depends on a
 /// locale. To "skip white space" is to consume any number of such characters.
 ///
+/// A document means the same on every stream: none of its settings (flags, width, fill, precision, locale, exception
+/// mask, tied stream) decides what is read, and none is changed but `skipws`. A tied stream is flushed before anything
+/// is read. gcount() tells nothing of what was read.
+///
 /// One thread at a time may use a parser; it shares nothing but the caller's stream.
 class IPSECIMPL_API XMLParser {
   public:

@@ -176,7 +176,7 @@ TEST(FailingLoad, FromABufferThatPausesIsWholeOrAsIfItEndedThere)
     for (const SmallDocument& document : smallDocuments()) {
         ByteBuffer        good(document.text);
         const std::string result = readFrom(document.element, good);
-        for (std::size_t place = 0; place < document.text.size(); ++place) {
+        for (const std::size_t place : places(0, document.text.size() - 1, 3)) {
             ByteBuffer        ending(document.text.substr(0, place));
             PausingBuffer     pausing(document.text, place);
             const std::string paused = readFrom(document.element, pausing);

@@ -245,14 +245,5 @@ TEST(StreamSettings, WithATiedStreamFlushItBeforeAnythingIsRead)
     EXPECT_GT(buffer.flushes, 0);
 }
 
-TEST(StreamSettings, CountNoCharactersForGcount)
-{
-    std::istringstream in("x<policy><hostGroupID/><protocolGroupID/><actionID/></policy>");
-    in.get();
-    XMLParser parser(in);
-    Policy::importXML(parser);
-    EXPECT_EQ(in.gcount(), 1); // of the caller's own call
-}
-
 } // namespace
 } // namespace ipsecimpl

@@ -42,9 +42,10 @@ const IPsecProposal PLAIN_TEXT(IPSEC_ESP, 1, 5);
 
 Samples manualKeySamples()
 {
-    const std::string AT     = "actions/1/manualKey/";
-    const std::string DIGITS = " is not hexadecimal. Write it in digits from 0 to 9 and a to f.";
-    const std::string ODD    = " has an odd number of digits. Compare it with the peer's.";
+    const std::string AT      = "actions/1/manualKey/";
+    const std::string DIGITS  = " is not hexadecimal. Write it in digits from 0 to 9 and a to f.";
+    const std::string LENGTHS = " differ in length. Compare both with the peer's.";
+    const std::string ODD     = " has an odd number of digits. Compare it with the peer's.";
     return {
         {"manual-keying",
          {"actions/1/manualKey: Manual keys are never renewed, and replay is not detected. Use IKE if the peer can."},
@@ -93,6 +94,30 @@ Samples manualKeySamples()
          {AT + "outboundEncrIV: The initialisation vector" + ODD},
          initialised(ENCRYPTED, "001"),
          initialised(ENCRYPTED, "0011")},
+        {"key-lengths-differ",
+         {AT + "outboundEncrKey: The outbound encryption key and the inbound decryption key" + LENGTHS},
+         encrypting("00112233445566778899aabbccddee0200"),
+         encrypting("0x00112233445566778899AABBCCDDEE02")},
+        {"key-lengths-differ",
+         {AT + "outboundEncrKey: The outbound encryption key and the inbound decryption key" + LENGTHS},
+         encrypting("00112233445566778899aabbccddee"),
+         encrypting("00112233445566778899aabbccddee0")},
+        {"key-lengths-differ",
+         {AT + "outboundAuthKey: The outbound authentication key and the inbound authentication key" + LENGTHS},
+         keyed([](MKM& key) { key.inboundAuthKey = "00"; }),
+         keyed([](MKM& key) { key.inboundAuthKey = "no digits"; })},
+        {"key-lengths-differ",
+         {AT + "outboundEncrKey: The outbound encryption key and the inbound decryption key" + LENGTHS,
+          AT + "outboundAuthKey: The outbound authentication key and the inbound authentication key" + LENGTHS},
+         keyed([](MKM& key) { key.inboundDecrKey = key.inboundAuthKey = "00"; }),
+         keyed([](MKM& key) { key.inboundDecrKey = key.inboundAuthKey = ""; })},
+        {"key-lengths-differ",
+         {AT + "outboundEncrKey: The outbound encryption key and the inbound decryption key" + LENGTHS},
+         encrypting("00"),
+         keyed([](MKM& key) {
+             key.saProposal.encryption = 1;
+             key.outboundEncrKey       = "00";
+         })},
         {"fixed-iv",
          {AT + "outboundEncrIV: The initialisation vector is the same for all packets. Leave it empty if your IPsec "
                "system makes its own."},

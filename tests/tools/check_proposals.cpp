@@ -12,6 +12,7 @@ const char* const ALGORITHMS = R"({
         "11": {"name": "NULL", "status": "MUST"},
         "12": {"name": "AES-CBC", "status": "MUST"},
         "13": {"name": "AES-CTR", "status": "MAY", "counter": true},
+        "19": {"name": "AES-GCM-12", "status": "MAY", "aead": true},
         "20": {"name": "AES-GCM-16", "status": "MUST", "aead": true, "counter": true}
     },
     "hash": {
@@ -82,6 +83,14 @@ Samples numberSamples()
          {MANUAL + "encryption: AH does not encrypt, whatever 12 stands for. Write ESP for the protocol, or 0 here."},
          manually(IPsecProposal(IPSEC_AH, 12, 5)),
          manually(IPsecProposal(IPSEC_ESP_AH, 12, 5))},
+        {"esp-with-ah",
+         {FIRST + "protocol: AH around ESP is slow and NOT RECOMMENDED. Write ESP with a hash."},
+         exchanged({IPsecProposal(IPSEC_ESP_AH, 12, 5)}),
+         exchanged({IPsecProposal(IPSEC_ESP, 12, 5), IPsecProposal(IPSEC_AH, 0, 5)})},
+        {"esp-with-ah",
+         {MANUAL + "protocol: AH around ESP is slow and NOT RECOMMENDED. Write ESP with a hash."},
+         manually(IPsecProposal(IPSEC_ESP_AH, 12, 5)),
+         manually(IPsecProposal(IPSEC_ESP, 12, 5))},
     };
 }
 
@@ -122,16 +131,37 @@ Samples namedSamples()
          exchanged({IPsecProposal(IPSEC_ESP, 11, 5)}),
          ALGORITHMS},
         {"manual-counter-mode",
-         {MANUAL + "encryption: 'AES-CTR' is a counter mode, which MUST NOT have manual keys. Write AES-CBC's number, "
-                   "or use IKE."},
+         {MANUAL + "encryption: 'AES-CTR' is a counter mode, which MUST NOT have manual keys. Write AES-CBC's number "
+                   "and a hash, or use IKE."},
          manually(IPsecProposal(IPSEC_ESP, 13, 5)),
          exchanged({IPsecProposal(IPSEC_ESP, 13, 5)}),
          ALGORITHMS},
         {"manual-counter-mode",
-         {MANUAL + "encryption: 'AES-GCM-16' is a counter mode, which MUST NOT have manual keys. Write AES-CBC's "
-                   "number, or use IKE."},
+         {MANUAL + "encryption: 'AES-GCM-16' is an authenticated cipher, which MUST NOT have manual keys. Write "
+                   "AES-CBC's number and a hash, or use IKE."},
          manually(IPsecProposal(IPSEC_ESP_AH, 20, 5)),
          manually(IPsecProposal(IPSEC_AH, 20, 5)),
+         ALGORITHMS},
+        {"manual-counter-mode",
+         {MANUAL + "encryption: 'AES-GCM-12' is an authenticated cipher, which MUST NOT have manual keys. Write "
+                   "AES-CBC's number and a hash, or use IKE."},
+         manually(IPsecProposal(IPSEC_ESP, 19, 0)),
+         exchanged({IPsecProposal(IPSEC_ESP, 19, 0)}),
+         ALGORITHMS},
+        {"hash-beside-aead",
+         {SECOND + "hash: 'AES-GCM-12' authenticates what it encrypts, and needs no hash beside it. Write 0."},
+         exchanged({IPsecProposal(IPSEC_ESP, 12, 5), IPsecProposal(IPSEC_ESP, 19, 5)}),
+         exchanged({IPsecProposal(IPSEC_ESP, 12, 5), IPsecProposal(IPSEC_ESP, 19, 1)}),
+         ALGORITHMS},
+        {"hash-beside-aead",
+         {MANUAL + "hash: 'AES-GCM-16' authenticates what it encrypts, and needs no hash beside it. Write 0."},
+         manually(IPsecProposal(IPSEC_ESP, 20, 2)),
+         manually(IPsecProposal(IPSEC_ESP_AH, 20, 2)), // where it is that of AH
+         ALGORITHMS},
+        {"hash-beside-aead",
+         {FIRST + "hash: 'AES-GCM-16' authenticates what it encrypts, and needs no hash beside it. Write 0."},
+         exchanged({IPsecProposal(IPSEC_ESP, 20, 5)}),
+         exchanged({IPsecProposal(IPSEC_AH, 20, 5), IPsecProposal(IPSEC_ESP, 13, 5), IPsecProposal(IPSEC_ESP, 5, 5)}),
          ALGORITHMS},
     };
 }

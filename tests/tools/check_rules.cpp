@@ -47,7 +47,8 @@ TEST(CheckRules, HaveAnExplanationInSentencesOfEightyColumns)
 
 TEST(CheckRules, NameTheirReasonsInOneForm)
 {
-    const std::regex form("|RFC [0-9]+( (section|sections|appendix) [^,]*)?");
+    const std::string one = "RFC [0-9]+( (section|sections|appendix) [^,]*)?";
+    const std::regex  form("|" + one + "( and " + one + ")?");
     for (const Rule* const rule : allRules())
         EXPECT_TRUE(std::regex_match(rule->reference, form)) << rule->code << ": " << rule->reference;
 }

@@ -9,8 +9,10 @@ using namespace ipsecimpl;
 Samples allSamples()
 {
     Samples all;
-    for (const auto samples : {referenceSamples, textSamples, hostSelectorSamples, tunnelSamples, actionSamples,
-                               proposalSamples, manualKeySamples, spiSamples, keyReuseSamples, strengthSamples}) {
+    for (const auto samples :
+         {referenceSamples, textSamples, characterSamples, nameSamples, hostSelectorSamples, protocolSelectorSamples,
+          tunnelSamples, actionSamples, proposalSamples, repeatedOfferSamples, manualKeySamples, spiSamples,
+          keyReuseSamples, strengthSamples, presharedKeySamples}) {
         const Samples some = samples();
         all.insert(all.end(), some.begin(), some.end());
     }

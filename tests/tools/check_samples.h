@@ -26,14 +26,19 @@ using Samples = std::vector<Sample>;
 
 Samples referenceSamples();
 Samples textSamples();
+Samples characterSamples();
+Samples nameSamples();
 Samples hostSelectorSamples();
+Samples protocolSelectorSamples();
 Samples tunnelSamples();
 Samples actionSamples();
 Samples proposalSamples();
+Samples repeatedOfferSamples();
 Samples manualKeySamples();
 Samples spiSamples();
 Samples keyReuseSamples();
 Samples strengthSamples();
+Samples presharedKeySamples();
 
 Samples allSamples(); ///< one of them at least for each rule of a configuration
 

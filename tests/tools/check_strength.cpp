@@ -94,13 +94,15 @@ Samples groupSamples()
     };
 }
 
-Samples presharedKeySamples()
+Samples weakKeySamples()
 {
     const std::string AT = "actions/1/ikePhase1/presharedKey: ";
     const std::string SHORT =
         "The pre-shared key has fewer than 20 characters. Draw a longer one, of letters and digits.";
     const std::string UNIFORM =
         "The pre-shared key is of one class of characters alone. Draw one of letters and digits.";
+    const std::string FOREIGN = "The pre-shared key has characters beyond ASCII, whose bytes can be others at the "
+                                "peer. Draw one of letters and digits.";
     return {
         {"short-preshared-key", {AT + SHORT}, keyed("abcdefghij123456789"), keyed("abcdefghij1234567890")},
         {"short-preshared-key", {AT + SHORT}, keyed("a"), keyed("")},
@@ -113,6 +115,13 @@ Samples presharedKeySamples()
         {"uniform-preshared-key", {AT + UNIFORM}, keyed("ABCDEFGHIJKLMNOPQRSTUVWXYZ"), keyed("")},
         {"uniform-preshared-key", {AT + UNIFORM}, keyed("-.-.-.-.-.-.-.-.-.-.-"), keyed("-.-.-.-.-.-.-.-.-.-.0")},
         {"uniform-preshared-key", {AT + UNIFORM}, keyed("0"), certified("0")},
+        {"non-ascii-preshared-key",
+         {AT + FOREIGN},
+         keyed("Stra\xc3\x9f"
+               "e-nach-Nirgendwo"),
+         keyed("Strasse-nach-Nirgendwo")},
+        {"non-ascii-preshared-key", {AT + FOREIGN}, keyed("\x80"), keyed("\x7f")},
+        {"non-ascii-preshared-key", {AT + FOREIGN}, keyed("\xff"), certified("\xff")},
     };
 }
 
@@ -121,7 +130,7 @@ Samples presharedKeySamples()
 Samples strengthSamples()
 {
     Samples samples = transformSamples();
-    for (const Samples& more : {groupSamples(), presharedKeySamples()})
+    for (const Samples& more : {groupSamples(), weakKeySamples()})
         samples.insert(samples.end(), more.begin(), more.end());
     return samples;
 }

@@ -1,6 +1,7 @@
 #include "checks.h"
 
 #include <cstdint>
+#include <list>
 
 using namespace ipsecimpl;
 
@@ -40,25 +41,37 @@ const Rule ZERO_LIFETIME = {"zero-lifetime", Level::WARNING, "A key lifetime is 
 const Rule LIFETIME_ORDER = {"phase2-outlives-phase1", Level::WARNING, "Phase 2 keys live longer than those of phase 1",
                              "Phase 1 protects the exchange of phase 2 keys. Systems that drop phase 2 with\n"
                              "its phase 1 cut its lifetime short; the others go on without a way to end it.\n"
-                             "Make phase 2 the shorter one. Kilobytes and time cannot be compared.",
+                             "Time is compared with time and kilobytes with kilobytes; which of a time and an\n"
+                             "amount of traffic ends first, nobody can tell.\n"
+                             "Make phase 2 the shorter one.",
                              ""};
 
+const Rule PHASE1_KILOBYTES = {"phase1-lifetime-in-kilobytes", Level::WARNING,
+                               "The lifetime of phase 1 keys is an amount of traffic",
+                               "Phase 1 keys protect nothing but key exchanges, which are small and rare: an\n"
+                               "amount that the traffic of phase 2 uses up in an hour lasts for years here, and\n"
+                               "the keys stay as long.\n"
+                               "Write a time, such as 28800 SECS, on the peer too.",
+                               ""};
+
 const Rule NO_CREDENTIAL = {"no-credential", Level::ERROR, "A credential of IKE is empty",
-                            "With an empty pre-shared key everybody can be the peer. With certificates, both\n"
-                            "this node's own and what the peer's is trusted by are needed.\n"
+                            "With an empty pre-shared key everybody can be the peer. With certificates two\n"
+                            "things are needed: this node's own certificate, and what the peer's is trusted\n"
+                            "by, such as the authority that issued it.\n"
                             "Fill in what is missing.",
                             ""};
 
-const std::uint64_t KILOBYTES = 0;
-
-/// How many seconds the unit has, or KILOBYTES.
-std::uint64_t secondsIn(const KeyLifetimeUnits& units)
+/// How much it is of what is counted: seconds or kilobytes.
+std::uint64_t amountIn(unsigned long lifetime, const KeyLifetimeUnits& units)
 {
-    if (units == KEYLIFETIME_SECS)
-        return 1;
-    if (units == KEYLIFETIME_MINS)
-        return 60;
-    return units == KEYLIFETIME_HRS ? 3600 : KILOBYTES;
+    const std::uint64_t unit = units == KEYLIFETIME_HRS ? 3600 : units == KEYLIFETIME_MINS ? 60 : 1;
+    return lifetime * unit;
+}
+
+/// Time against traffic cannot be told.
+bool areComparable(const KeyLifetimeUnits& a, const KeyLifetimeUnits& b)
+{
+    return (a == KEYLIFETIME_KB) == (b == KEYLIFETIME_KB);
 }
 
 std::string lifetime(unsigned long amount, const KeyLifetimeUnits& units)
@@ -86,6 +99,7 @@ class ActionCheck {
 
     void checkCredential(const char* field, const char* what, const std::string& text);
     void checkPhase1(const IKEPhase1& phase1);
+    void checkTransforms(const std::list<IKEPhase1Transform>& transforms);
     void checkLifetimes(const IKEPhase1Proposal& phase1, const IKEPhase2& phase2);
 
     unsigned int       id_;
@@ -105,16 +119,19 @@ void ActionCheck::checkPhase1(const IKEPhase1& phase1)
         checkCredential("ikePhase1/presharedKey", "pre-shared key", phase1.presharedKeyGet());
     } else {
         checkCredential("ikePhase1/localCert", "certificate of this node's own", phase1.localCertGet());
-        checkCredential("ikePhase1/peerTrust", "word of what the peer's certificate is trusted by",
-                        phase1.peerTrustGet());
+        checkCredential("ikePhase1/peerTrust", "trust anchor for the peer's certificate", phase1.peerTrustGet());
     }
 
-    const IKEPhase1Proposal& proposal = phase1.proposalGet();
-    if (proposal.transforms.empty())
+    checkTransforms(phase1.proposalGet().transforms);
+}
+
+void ActionCheck::checkTransforms(const std::list<IKEPhase1Transform>& transforms)
+{
+    if (transforms.empty())
         reportField(NO_TRANSFORMS, {"ikePhase1/proposal"},
                     "Phase 1 offers no transform. Add one, such as IKE_AES_SHA.");
     std::size_t number = 0;
-    for (const IKEPhase1Transform& transform : proposal.transforms) {
+    for (const IKEPhase1Transform& transform : transforms) {
         ++number;
         if (transform == IKE_NONE)
             reportField(NONE_TRANSFORM, {"ikePhase1/proposal/transform", number},
@@ -131,9 +148,14 @@ void ActionCheck::checkLifetimes(const IKEPhase1Proposal& phase1, const IKEPhase
         reportField(ZERO_LIFETIME, {"ikePhase2/keyLifetime"},
                     "A lifetime of 0 is no limit, or none at all. Write how long a key may live, such as 3600 SECS.");
 
-    const std::uint64_t seconds1 = phase1.keyLifetime * secondsIn(phase1.keyLifetimeUnits);
-    const std::uint64_t seconds2 = phase2.keyLifetime * secondsIn(phase2.keyLifetimeUnits);
-    if (seconds1 != 0 && seconds2 > seconds1)
+    if (phase1.keyLifetime == 0) // which may be no limit
+        return;
+    if (phase1.keyLifetimeUnits == KEYLIFETIME_KB)
+        reportField(PHASE1_KILOBYTES, {"ikePhase1/proposal/keyLifetimeUnits"},
+                    "Phase 1 has so little traffic that its keys are hardly ever renewed by it. Write a time, such as "
+                    "28800 SECS.");
+    if (areComparable(phase1.keyLifetimeUnits, phase2.keyLifetimeUnits) &&
+        amountIn(phase2.keyLifetime, phase2.keyLifetimeUnits) > amountIn(phase1.keyLifetime, phase1.keyLifetimeUnits))
         reportField(LIFETIME_ORDER, {"ikePhase2/keyLifetime"},
                     "Phase 2 keys live " + lifetime(phase2.keyLifetime, phase2.keyLifetimeUnits) +
                         ", longer than those of phase 1 with " + lifetime(phase1.keyLifetime, phase1.keyLifetimeUnits) +
@@ -160,8 +182,8 @@ void ActionCheck::check()
 
 Rules actionRules()
 {
-    return {&NO_KEY_MANAGER, &NO_TRANSFORMS,  &NO_PROPOSALS, &NONE_TRANSFORM,
-            &ZERO_LIFETIME,  &LIFETIME_ORDER, &NO_CREDENTIAL};
+    return {&NO_KEY_MANAGER, &NO_TRANSFORMS,  &NO_PROPOSALS,     &NONE_TRANSFORM,
+            &ZERO_LIFETIME,  &LIFETIME_ORDER, &PHASE1_KILOBYTES, &NO_CREDENTIAL};
 }
 
 void checkAction(const Entry<IPsecAction>& entry, Findings& findings)

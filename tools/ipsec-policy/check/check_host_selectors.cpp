@@ -34,7 +34,7 @@ const Rule MASK_HOLES = {"mask-with-holes", Level::ERROR, "A mask has zero bits 
                          "A mask begins with one bits and ends with zero bits. What is behind the first\n"
                          "gap is not looked at when the prefix length is made of it: 255.0.255.0 is taken\n"
                          "for 8 bits, and the policy is for far more hosts than meant.\n"
-                         "Write such as 255.255.255.0, or a prefix length instead.",
+                         "Write a mask such as 255.255.255.0, or a prefix length instead.",
                          ""};
 
 const Rule HOST_BITS = {"host-bits-set", Level::WARNING, "A subnet's address has bits that its prefix leaves to hosts",

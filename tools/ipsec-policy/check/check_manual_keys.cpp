@@ -21,9 +21,9 @@ const Rule NO_KEY = {"no-key", Level::ERROR, "A manual key is empty",
                      ""};
 
 const Rule NOT_HEX = {"key-not-hexadecimal", Level::ERROR, "A manual key or IV is not hexadecimal",
-                      "Keys are written as hexadecimal digits, with or without 0x in front. Characters\n"
-                      "that are none are refused later, or taken for zero, or the text itself for the\n"
-                      "key, which then is not the peer's.\n"
+                      "Keys are written in hexadecimal digits, with or without 0x in front. Other\n"
+                      "characters are refused later, or taken for zero, or make the text itself the\n"
+                      "key: then it is not the peer's.\n"
                       "Write the key in hexadecimal digits.",
                       ""};
 
@@ -31,6 +31,13 @@ const Rule ODD = {"odd-key-length", Level::ERROR, "A manual key or IV has an odd
                   "Two hexadecimal digits make a byte: one was lost, or there is one too many.\n"
                   "Compare the key with the peer's.",
                   ""};
+
+const Rule LENGTHS = {"key-lengths-differ", Level::WARNING, "The keys of the two directions differ in length",
+                      "They are for the same algorithm. Where it takes keys of one length alone, one of\n"
+                      "the two does not work: a piece of it was lost, perhaps. Where it takes both, the\n"
+                      "shorter one is the weaker.\n"
+                      "Compare both with the peer's, and make them equally long.",
+                      ""};
 
 const Rule FIXED_IV = {"fixed-iv", Level::WARNING, "The initialisation vector is fixed",
                        "It has to be new and unpredictable for each packet. With a fixed one, packets\n"
@@ -51,12 +58,15 @@ class KeyCheck {
     {
         reportField(MANUAL, "manualKey",
                     "Manual keys are never renewed, and replay is not detected. Use IKE if the peer can.");
-        for (const KeyText& text : keysIn(key)) {
+        const std::vector<KeyText> texts = keysIn(key);
+        for (const KeyText& text : texts) {
             if (text.key->empty())
                 reportField(NO_KEY, text.field, std::string("There is no ") + text.what + ". Fill it in.");
             else
                 checkDigits(text.field, text.what, *text.key);
         }
+        for (std::size_t i = 1; i < texts.size(); i += 2)
+            checkLengths(texts[i - 1], texts[i]);
         if (hasEncryption(key.saProposal) && !key.outboundEncrIV.empty()) {
             reportField(FIXED_IV, "manualKey/outboundEncrIV",
                         "The initialisation vector is the same for all packets. Leave it empty if your IPsec system "
@@ -82,6 +92,19 @@ class KeyCheck {
                         std::string("The ") + what + " has an odd number of digits. Compare it with the peer's.");
     }
 
+    /// Only of what could be keys: all else is found already.
+    void checkLengths(const KeyText& in, const KeyText& out)
+    {
+        const std::string_view inDigits  = withoutPrefix(*in.key);
+        const std::string_view outDigits = withoutPrefix(*out.key);
+        if (inDigits.size() != outDigits.size() && isWhole(inDigits) && isWhole(outDigits))
+            reportField(
+                LENGTHS, out.field,
+                joined({"The ", out.what, " and the ", in.what, " differ in length. Compare both with the peer's."}));
+    }
+
+    static bool isWhole(std::string_view digits) { return isHexadecimal(digits) && digits.size() % 2 == 0; }
+
     unsigned int action_;
     Findings&    findings_;
 };
@@ -90,7 +113,7 @@ class KeyCheck {
 
 Rules manualKeyRules()
 {
-    return {&MANUAL, &NO_KEY, &NOT_HEX, &ODD, &FIXED_IV};
+    return {&MANUAL, &NO_KEY, &NOT_HEX, &ODD, &LENGTHS, &FIXED_IV};
 }
 
 void checkManualKey(const Entry<IPsecAction>& entry, Findings& findings)

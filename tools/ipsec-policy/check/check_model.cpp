@@ -25,16 +25,23 @@ void checkModel(const IPsecConfig& config, const Algorithms* algorithms, Finding
     for (const auto& [id, group] : config.hostGroups) {
         const Entry<HostGroup>& entry = model.add(id, group);
         checkTexts(entry, findings);
+        checkCharacters(entry, findings);
         checkHostSelectors(entry, findings);
     }
-    for (const auto& [id, group] : config.protocolGroups)
-        checkTexts(model.add(id, group), findings);
+    for (const auto& [id, group] : config.protocolGroups) {
+        const Entry<ProtocolGroup>& entry = model.add(id, group);
+        checkTexts(entry, findings);
+        checkCharacters(entry, findings);
+        checkProtocolSelectors(entry, findings);
+    }
     for (const auto& [id, action] : config.actions) {
         const Entry<IPsecAction>& entry = model.add(id, action);
         checkTexts(entry, findings);
+        checkCharacters(entry, findings);
         checkTunnelEndPoint(entry, findings);
         checkAction(entry, findings);
         checkProposals(entry, algorithms, findings);
+        checkRepeatedOffers(entry, findings);
         checkManualKey(entry, findings);
         checkStrength(entry, findings);
     }
@@ -45,14 +52,18 @@ void checkModel(const IPsecConfig& config, const Algorithms* algorithms, Finding
     checkTunnelFamilies(model, findings);
     checkSPIs(model, findings);
     checkKeyReuse(model, findings);
+    checkPresharedKeys(model, findings);
+    checkNames(model, findings);
     checkIKEVersion(model, findings);
 }
 
 std::vector<const Rule*> modelRules()
 {
     Rules all;
-    for (const Rules& rules : {referenceRules(), textRules(), hostSelectorRules(), tunnelRules(), actionRules(),
-                               proposalRules(), manualKeyRules(), spiRules(), keyReuseRules(), strengthRules()})
+    for (const Rules& rules :
+         {referenceRules(), textRules(), characterRules(), nameRules(), hostSelectorRules(), protocolSelectorRules(),
+          tunnelRules(), actionRules(), proposalRules(), repeatedOfferRules(), manualKeyRules(), spiRules(),
+          keyReuseRules(), strengthRules(), presharedKeyRules()})
         all.insert(all.end(), rules.begin(), rules.end());
     return all;
 }

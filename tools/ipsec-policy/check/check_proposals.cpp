@@ -11,57 +11,75 @@ const Rule NO_PROTOCOL = {"none-protocol", Level::ERROR, "The protocol of an SA 
                           ""};
 
 const Rule UNAUTHENTICATED = {"unauthenticated-encryption", Level::ERROR, "Encryption without authentication",
-                              "Who can change packets can read what is encrypted but not authenticated: there\n"
-                              "are working attacks. Numbers above 1 encrypt, a hash of 0 or 1 is none, and no\n"
-                              "AH makes up for it. An authenticated cipher (AEAD) needs no hash: if the number\n"
-                              "is that of one, say so in the file of --algorithms.\n"
+                              "Whoever can change packets can find out what is encrypted without being\n"
+                              "authenticated: there are attacks that work. Encryption numbers above 1 encrypt,\n"
+                              "hash numbers 0 and 1 are none, and there is no AH around it. An authenticated\n"
+                              "cipher (AEAD) needs no hash: if the number is that of one, say so in the file of\n"
+                              "--algorithms.\n"
                               "Add a hash.",
                               "RFC 8221 section 4"};
 
 const Rule NO_PROTECTION = {"no-protection", Level::ERROR, "ESP with neither encryption nor hash",
-                            "Numbers 0 and 1 stand for no algorithm that has a key, and ESP must have one of\n"
-                            "the two at least.\n"
+                            "Numbers 0 and 1 stand for algorithms without a key, which protect nothing. ESP\n"
+                            "must have encryption or a hash, and should have both.\n"
                             "Add encryption and a hash.",
                             "RFC 4303 section 3.2"};
 
 const Rule AH_WITHOUT_HASH = {"ah-without-hash", Level::ERROR, "AH without a hash",
-                              "A hash is all that AH has. Numbers 0 and 1 stand for none that has a key.\n"
+                              "A hash is all that AH has. Numbers 0 and 1 stand for hashes without a key, which\n"
+                              "everybody can make.\n"
                               "Add a hash, or write ESP.",
                               "RFC 4302 section 2.6"};
 
 const Rule AH_ENCRYPTS = {"encryption-under-ah", Level::WARNING, "AH alone is given an encryption, which it never does",
                           "AH authenticates packets and lets everybody read them. The encryption number\n"
-                          "does nothing, however much its keys are asked for.\n"
+                          "does nothing, though the document must have manual keys for it.\n"
                           "Write ESP if the traffic is to be kept secret, else encryption 0.",
                           "RFC 4302 section 1"};
 
+const Rule HASH_BESIDE_AEAD = {"hash-beside-aead", Level::WARNING, "An authenticated cipher is given a hash",
+                               "An authenticated cipher (AEAD) proves by itself that packets are genuine. With a\n"
+                               "hash beside it, systems refuse the proposal, or spend time and bytes on each\n"
+                               "packet for nothing.\n"
+                               "Write 0 for the hash.",
+                               "RFC 8221 section 4"};
+
+const Rule ESP_WITH_AH = {"esp-with-ah", Level::NOTE, "A proposal wants AH around ESP",
+                          "It is no weaker than ESP alone, but the slowest way there is, with the largest\n"
+                          "packets, and NOT RECOMMENDED. Besides, it breaks where addresses are translated\n"
+                          "on the way.\n"
+                          "Write ESP with encryption and hash, on the peer too.",
+                          "RFC 8221 section 4"};
+
 const Rule COUNTER_MODE = {"manual-counter-mode", Level::ERROR, "A counter mode with manual keys",
                            "After a restart the counter begins anew under the same key, and packets of the\n"
-                           "same counter give each other away.\n"
+                           "same counter give each other away. The authenticated ciphers (AES-GCM, AES-CCM,\n"
+                           "ChaCha20-Poly1305) count too, and lose their authentication with it.\n"
                            "Use IKE, or AES-CBC with a hash.",
                            "RFC 8221 section 3"};
 
 const Rule MUST_NOT = {"algorithm-must-not", Level::ERROR, "An algorithm MUST NOT be used",
-                       "By the file of --algorithms the number stands for an algorithm that is broken,\n"
-                       "or so weak that it protects nothing.\n"
+                       "The file of --algorithms gives this number's algorithm the status MUST NOT: it\n"
+                       "is broken, or too weak to protect anything.\n"
                        "Replace it, on the peer too. AES-CBC with HMAC-SHA2-256, and AES-GCM, are what\n"
                        "every system must have.",
                        "RFC 8221 sections 5 and 6"};
 
 const Rule SHOULD_NOT = {"algorithm-should-not", Level::WARNING, "An algorithm SHOULD NOT be used",
-                         "By the file of --algorithms the number stands for an algorithm whose time is\n"
-                         "over.\n"
+                         "The file of --algorithms gives this number's algorithm the status SHOULD NOT:\n"
+                         "its time is over.\n"
                          "Replace it, on the peer too, unless there is a reason that you know of.",
                          "RFC 8221 sections 5 and 6"};
 
 const Rule OUTGOING = {"algorithm-outgoing", Level::NOTE, "An algorithm is still in use, but on its way out",
-                       "By the file of --algorithms it is MUST- or SHOULD-: systems have it today, and\n"
-                       "are expected to drop it.\n"
+                       "The file of --algorithms gives this number's algorithm the status MUST- or\n"
+                       "SHOULD-: systems have it today, and are expected to drop it.\n"
                        "Plan to replace it.",
                        "RFC 8221 sections 5 and 6"};
 
 const Rule UNKNOWN = {"unknown-algorithm", Level::NOTE, "The file of --algorithms does not name a number",
-                      "So nothing can be said about the strength of it. Perhaps the number is a slip.\n"
+                      "So nothing can be said about the strength of the algorithm. Perhaps the number\n"
+                      "is a slip.\n"
                       "Correct the number, or add it to the file.",
                       ""};
 
@@ -87,6 +105,8 @@ class ProposalCheck {
         }
         checkESP(proposal);
         checkAH(proposal);
+        if (proposal.protocol == IPSEC_ESP_AH)
+            reportField(ESP_WITH_AH, "protocol", "AH around ESP is slow and NOT RECOMMENDED. Write ESP with a hash.");
         if (algorithms_ != nullptr)
             checkAlgorithms(proposal);
     }
@@ -97,7 +117,14 @@ class ProposalCheck {
         report(findings_, rule, Kind::ACTION, action_, {list_, number_, field}, std::move(message));
     }
 
+    const Algorithm* encryptionOf(const IPsecProposal& proposal) const
+    {
+        return algorithms_ == nullptr ? nullptr : algorithms_->encryption(proposal.encryption);
+    }
+
     void checkESP(const IPsecProposal& proposal);
+    void checkHashBesideAEAD(const IPsecProposal& proposal);
+    void checkCounterMode(const Algorithm& encryption);
     void checkAH(const IPsecProposal& proposal);
     void checkAlgorithms(const IPsecProposal& proposal);
     void checkStatus(const Algorithm* algorithm, const char* field, unsigned long number);
@@ -112,15 +139,19 @@ class ProposalCheck {
 
 void ProposalCheck::checkESP(const IPsecProposal& proposal)
 {
-    if (proposal.protocol != IPSEC_ESP || hasHash(proposal))
+    if (proposal.protocol != IPSEC_ESP)
         return;
+    if (hasHash(proposal)) {
+        checkHashBesideAEAD(proposal);
+        return;
+    }
     if (!hasEncryption(proposal)) {
         reportField(NO_PROTECTION, "encryption",
                     "Neither encryption " + std::to_string(proposal.encryption) + " nor hash " +
                         std::to_string(proposal.hash) + " has a key: nothing is protected. Write both.");
         return;
     }
-    const Algorithm* const algorithm = algorithms_ == nullptr ? nullptr : algorithms_->encryption(proposal.encryption);
+    const Algorithm* const algorithm = encryptionOf(proposal);
     if (algorithm != nullptr && algorithm->isAEAD)
         return;
     reportField(UNAUTHENTICATED, "hash",
@@ -129,6 +160,14 @@ void ProposalCheck::checkESP(const IPsecProposal& proposal)
                     (algorithm == nullptr ? " is none. Write a hash, or name the number as an authenticated cipher "
                                             "with --algorithms."
                                           : " is none. Write a hash."));
+}
+
+void ProposalCheck::checkHashBesideAEAD(const IPsecProposal& proposal)
+{
+    const Algorithm* const algorithm = encryptionOf(proposal);
+    if (algorithm != nullptr && algorithm->isAEAD)
+        reportField(HASH_BESIDE_AEAD, "hash",
+                    quoted(algorithm->name) + " authenticates what it encrypts, and needs no hash beside it. Write 0.");
 }
 
 void ProposalCheck::checkAH(const IPsecProposal& proposal)
@@ -161,15 +200,22 @@ void ProposalCheck::checkStatus(const Algorithm* algorithm, const char* field, u
         reportField(OUTGOING, field, subject + "is " + algorithm->statusName + ", on its way out. Plan to replace it.");
 }
 
+void ProposalCheck::checkCounterMode(const Algorithm& encryption)
+{
+    const char* const what = encryption.isAEAD ? " is an authenticated cipher" : " is a counter mode";
+    if (isManual_ && (encryption.isAEAD || encryption.isCounter))
+        reportField(COUNTER_MODE, "encryption",
+                    quoted(encryption.name) + what +
+                        ", which MUST NOT have manual keys. Write AES-CBC's number and a hash, or use IKE.");
+}
+
 void ProposalCheck::checkAlgorithms(const IPsecProposal& proposal)
 {
     if (hasESP(proposal)) {
         const Algorithm* const encryption = algorithms_->encryption(proposal.encryption);
         checkStatus(encryption, "encryption", proposal.encryption);
-        if (isManual_ && encryption != nullptr && encryption->isCounter)
-            reportField(COUNTER_MODE, "encryption",
-                        quoted(encryption->name) +
-                            " is a counter mode, which MUST NOT have manual keys. Write AES-CBC's number, or use IKE.");
+        if (encryption != nullptr)
+            checkCounterMode(*encryption);
     }
     checkStatus(algorithms_->hash(proposal.hash), "hash", proposal.hash);
 }
@@ -178,8 +224,8 @@ void ProposalCheck::checkAlgorithms(const IPsecProposal& proposal)
 
 Rules proposalRules()
 {
-    return {&NO_PROTOCOL,  &UNAUTHENTICATED, &NO_PROTECTION, &AH_WITHOUT_HASH, &AH_ENCRYPTS,
-            &COUNTER_MODE, &MUST_NOT,        &SHOULD_NOT,    &OUTGOING,        &UNKNOWN};
+    return {&NO_PROTOCOL,      &UNAUTHENTICATED, &NO_PROTECTION, &AH_WITHOUT_HASH, &AH_ENCRYPTS, &ESP_WITH_AH,
+            &HASH_BESIDE_AEAD, &COUNTER_MODE,    &MUST_NOT,      &SHOULD_NOT,      &OUTGOING,    &UNKNOWN};
 }
 
 void checkProposals(const Entry<IPsecAction>& entry, const Algorithms* algorithms, Findings& findings)

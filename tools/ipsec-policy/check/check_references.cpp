@@ -7,9 +7,10 @@ using namespace ipsecimpl;
 namespace {
 
 const Rule DANGLING = {"dangling-reference", Level::ERROR, "A policy names an object that does not exist",
-                       "A policy ties a host group, a protocol group and an action by their IDs, and\n"
-                       "nothing else checks that these exist. What a node makes of such a policy cannot\n"
-                       "be told: mostly it drops the policy in silence, and the traffic with it or not.\n"
+                       "A policy ties a host group, a protocol group and an action together by their\n"
+                       "IDs, and nothing else checks that these exist. What a system makes of such a\n"
+                       "policy differs: it may skip it without a word, and the traffic then passes or is\n"
+                       "dropped by whatever comes next, or refuse the whole configuration.\n"
                        "Add the object, or let the policy name another.",
                        ""};
 
@@ -26,15 +27,16 @@ const Rule UNUSED_GROUP = {"unused-group", Level::NOTE, "No policy uses a group"
                            ""};
 
 const Rule UNUSED_ACTION = {"unused-action", Level::NOTE, "No policy uses an action",
-                            "It has no effect, but its keys lie about. Built-in actions are there to choose\n"
-                            "from and may be unused.\n"
+                            "It has no effect, but the keys in it can still be stolen. Built-in actions are\n"
+                            "there to choose from and may be unused.\n"
                             "Name it in a policy, or remove it.",
                             ""};
 
 const Rule CONFLICTING = {"conflicting-policies", Level::WARNING,
                           "Two policies have different actions for the same traffic",
-                          "Both have the same host group and the same protocol group. Which of the two\n"
-                          "actions happens is not for the configuration to say.\n"
+                          "Both have the same host group and the same protocol group. Nothing in the\n"
+                          "configuration says which of the two actions counts: that is left to the system,\n"
+                          "and can change with it.\n"
                           "Remove one of them.",
                           ""};
 

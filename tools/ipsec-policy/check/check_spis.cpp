@@ -10,10 +10,10 @@ using namespace ipsecimpl;
 namespace {
 
 const Rule RESERVED = {"reserved-spi", Level::ERROR, "An SPI is one of the reserved numbers 0 to 255",
-                       "0 must never be sent, and 1 to 255 are kept for numbers that mean the same to\n"
-                       "all.\n"
+                       "0 is for a system's own use and must never be sent. 1 to 255 are reserved for\n"
+                       "uses that may be agreed on for all systems.\n"
                        "Write 256 or more, and the same at the peer.",
-                       "RFC 4303 section 2.1"};
+                       "RFC 4303 section 2.1 and RFC 4302 section 2.4"};
 
 const Rule INBOUND = {"repeated-inbound-spi", Level::ERROR, "Two actions receive with the same SPI",
                       "A node finds the key of a packet that it receives by protocol and SPI. With one\n"

@@ -1,5 +1,7 @@
 #include "checks.h"
 
+#include <algorithm>
+
 using namespace ipsecimpl;
 
 namespace {
@@ -17,16 +19,15 @@ const Rule MD5 = {"ike-md5", Level::ERROR, "IKE phase 1 offers MD5",
                   "RFC 8247 sections 2.2 and 2.3"};
 
 const Rule TRIPLE_DES = {"ike-3des", Level::NOTE, "IKE phase 1 offers 3DES",
-                         "It is slow, and its blocks of 64 bits give plain text away after some\n"
-                         "gigabytes.\n"
+                         "It is slow, and its blocks of 64 bits give plain text away after some gigabytes.\n"
                          "Systems MAY have it, and need not.\n"
                          "Write IKE_AES_SHA, on the peer too.",
                          "RFC 8247 section 2.1"};
 
 const Rule SHA1 = {"ike-sha1", Level::NOTE, "IKE phase 1 offers SHA1",
-                   "It is MUST-: still good enough here, and expected to go. The format has nothing\n"
-                   "better to offer.\n"
-                   "There is nothing to do but to know it.",
+                   "It is MUST-: every system has it today, and is expected to drop it some day. As\n"
+                   "it is used here it is not broken, and the format has nothing better to offer.\n"
+                   "There is nothing to change in this file.",
                    "RFC 8247 sections 2.2 and 2.3"};
 
 const Rule GROUP_1 = {"dh-group-1", Level::ERROR, "Diffie-Hellman group 1, of 768 bits",
@@ -47,14 +48,14 @@ const Rule NO_GROUP = {"no-dh-group", Level::ERROR, "IKE phase 1 has no Diffie-H
                        "RFC 2409 section 5"};
 
 const Rule NO_PFS = {"no-pfs", Level::NOTE, "IKE phase 2 has no Diffie-Hellman group",
-                     "So there is no perfect forward secrecy: who learns the key of phase 1 can read\n"
-                     "the traffic of all its phase 2 keys, also what he recorded before.\n"
+                     "So there is no perfect forward secrecy: who learns the keys of phase 1 can read\n"
+                     "the traffic of all its phase 2 keys, also what was recorded long before.\n"
                      "Write G14, on the peer too.",
                      "RFC 2409 section 8"};
 
 const Rule SHORT_KEY = {"short-preshared-key", Level::WARNING, "A pre-shared key has fewer than 20 characters",
-                        "Who takes part in one key exchange, or listens to it in aggressive mode, can\n"
-                        "try keys at leisure. To be as strong as group 14 (112 bits), a key needs 20\n"
+                        "Who takes part in one key exchange, or listens to it in aggressive mode, can try\n"
+                        "keys at leisure. To be as strong as group 14 (112 bits), a key needs about 20\n"
                         "letters and digits that were drawn at random; words and phrases are far weaker.\n"
                         "Draw a longer one, such as with 'head -c 24 /dev/urandom | base64'.",
                         "RFC 7296 section 2.15"};
@@ -67,8 +68,15 @@ const Rule UNIFORM_KEY = {"uniform-preshared-key", Level::WARNING,
                           "Draw one of letters and digits: 'head -c 24 /dev/urandom | base64'.",
                           "RFC 7296 section 2.15"};
 
+const Rule FOREIGN_KEY = {"non-ascii-preshared-key", Level::NOTE, "A pre-shared key has characters beyond ASCII",
+                          "Their bytes depend on the encoding in which each side was told the key. Where\n"
+                          "the peer has other bytes, the keys differ, though they look the same, and no key\n"
+                          "exchange succeeds.\n"
+                          "Draw a key of letters and digits.",
+                          "RFC 7296 section 2.15"};
+
 const Rule IKE_V1 = {"ike-version-1", Level::NOTE, "Keys are exchanged by IKE version 1",
-                     "Its phases are what this format has. The protocol is historic: it gets no new\n"
+                     "The format describes no other. The protocol is historic: it gets no new\n"
                      "algorithms, and systems are expected to drop it.\n"
                      "Plan to move to IKE version 2, on the peers too.",
                      "RFC 9395 section 3"};
@@ -155,6 +163,10 @@ void StrengthCheck::checkPresharedKey(const std::string& key)
     if (key.size() < LEAST_LENGTH)
         reportField(SHORT_KEY, field,
                     "The pre-shared key has fewer than 20 characters. Draw a longer one, of letters and digits.");
+    if (std::any_of(key.begin(), key.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; }))
+        reportField(FOREIGN_KEY, field,
+                    "The pre-shared key has characters beyond ASCII, whose bytes can be others at the peer. Draw one "
+                    "of letters and digits.");
     if (key.size() < ENOUGH_OF_A_KIND && isUniform(key))
         reportField(UNIFORM_KEY, field,
                     "The pre-shared key is of one class of characters alone. Draw one of letters and digits.");
@@ -189,7 +201,8 @@ void StrengthCheck::checkTransform(std::size_t number, const IKEPhase1Transform&
 
 Rules strengthRules()
 {
-    return {&DES, &MD5, &TRIPLE_DES, &SHA1, &GROUP_1, &GROUP_2, &NO_GROUP, &NO_PFS, &SHORT_KEY, &UNIFORM_KEY, &IKE_V1};
+    return {&DES,      &MD5,    &TRIPLE_DES, &SHA1,        &GROUP_1,     &GROUP_2,
+            &NO_GROUP, &NO_PFS, &SHORT_KEY,  &UNIFORM_KEY, &FOREIGN_KEY, &IKE_V1};
 }
 
 void checkStrength(const Entry<IPsecAction>& entry, Findings& findings)
@@ -200,7 +213,7 @@ void checkStrength(const Entry<IPsecAction>& entry, Findings& findings)
 
 void checkIKEVersion(const Model& model, Findings& findings)
 {
-    if (!model.hasIKE())
+    if (model.keyExchanges().empty())
         return;
     Finding finding;
     finding.rule        = &IKE_V1;

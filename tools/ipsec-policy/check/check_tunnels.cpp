@@ -1,6 +1,8 @@
 #include "address.h"
 #include "checks.h"
 
+#include <algorithm>
+
 using namespace ipsecimpl;
 
 namespace {
@@ -14,9 +16,19 @@ const Rule MISSING = {"no-tunnel-end-point", Level::ERROR, "A tunnel has no end 
 const Rule NO_ADDRESS = {"bad-tunnel-end-point", Level::ERROR, "A tunnel's end point is no address",
                          "The library keeps it as a text and does not look into it. What reads it later\n"
                          "may refuse the configuration, or take a text that it cannot read for 0.0.0.0. A\n"
-                         "name is no address, and who can forge its look-up leads the tunnel elsewhere.\n"
+                         "name is no address, and whoever forges the answer when it is looked up leads the\n"
+                         "tunnel elsewhere.\n"
                          "Write an IPv4 or IPv6 address.",
                          ""};
+
+const Rule SPECIAL = {"special-tunnel-end-point", Level::WARNING,
+                      "A tunnel's end point is an address that no single other node has",
+                      "Loopback addresses are each node's own, 0.0.0.0 and :: are nobody's, and\n"
+                      "multicast and broadcast addresses are those of many at once. A key exchange\n"
+                      "needs one peer, and a packet one receiver. (Some systems take 0.0.0.0 for any\n"
+                      "peer: such a tunnel can only be opened from the far end.)\n"
+                      "Write the address of the gateway at the far end.",
+                      "RFC 1122 section 3.2.1.3 and RFC 4291 sections 2.5 and 2.7"};
 
 const Rule OTHER_FAMILY = {"tunnel-family", Level::WARNING,
                            "A tunnel's end point is of a family that its policy's hosts do not have",
@@ -24,6 +36,23 @@ const Rule OTHER_FAMILY = {"tunnel-family", Level::WARNING,
                            "it; more often the end point or the host group is the wrong one.\n"
                            "Correct it, or make sure that both ends mean it so.",
                            ""};
+
+/// Why the address is not that of one other node; null if it may be.
+const char* faultOf(const Address& address)
+{
+    const auto& bytes = address.bytes;
+    const auto  last  = bytes.begin() + bitsOf(address.family) / 8 - 1;
+    const bool  isV4  = address.family == HOST_INET;
+    if (std::all_of(bytes.begin(), last, [](unsigned char byte) { return byte == 0; }) && *last <= (isV4 ? 0 : 1))
+        return *last == 0 ? "stands for no address" : "is each node's own loopback address";
+    if (isV4 && bytes[0] == 127)
+        return "is each node's own loopback address";
+    if (isV4 ? (bytes[0] & 0xF0U) == 0xE0U : bytes[0] == 0xFFU)
+        return "is a multicast address";
+    if (isV4 && std::all_of(bytes.begin(), last + 1, [](unsigned char byte) { return byte == 255; }))
+        return "is the broadcast address";
+    return nullptr;
+}
 
 void checkTie(const Tie& tie, const Families& families, const Address& endPoint, Findings& findings)
 {
@@ -40,20 +69,26 @@ void checkTie(const Tie& tie, const Families& families, const Address& endPoint,
 
 Rules tunnelRules()
 {
-    return {&MISSING, &NO_ADDRESS, &OTHER_FAMILY};
+    return {&MISSING, &NO_ADDRESS, &SPECIAL, &OTHER_FAMILY};
 }
 
 void checkTunnelEndPoint(const Entry<IPsecAction>& entry, Findings& findings)
 {
     if (entry.object->spdActionGet() != SPD_TUNNEL)
         return;
-    const std::string& text = entry.object->tunnelEndpointGet();
-    if (text.empty())
-        report(findings, MISSING, Kind::ACTION, entry.id, {"tunnelEndpoint"},
-               "The tunnel has no end point. Write the address of its far end.");
-    else if (!addressIn(text))
-        report(findings, NO_ADDRESS, Kind::ACTION, entry.id, {"tunnelEndpoint"},
-               quoted(text) + " is no address. Write the IPv4 or IPv6 address of the tunnel's far end.");
+    const std::string& text      = entry.object->tunnelEndpointGet();
+    const auto         reportEnd = [&](const Rule& rule, std::string message) {
+        report(findings, rule, Kind::ACTION, entry.id, {"tunnelEndpoint"}, std::move(message));
+    };
+    if (text.empty()) {
+        reportEnd(MISSING, "The tunnel has no end point. Write the address of its far end.");
+        return;
+    }
+    const std::optional<Address> address = addressIn(text);
+    if (!address)
+        reportEnd(NO_ADDRESS, quoted(text) + " is no address. Write the IPv4 or IPv6 address of the tunnel's far end.");
+    else if (const char* const fault = faultOf(*address))
+        reportEnd(SPECIAL, joined({text, " ", fault, ". Write the address of the tunnel's far end."}));
 }
 
 void checkTunnelFamilies(const Model& model, Findings& findings)

@@ -21,10 +21,15 @@ class Algorithms;
 void checkTexts(const Entry<ipsecimpl::HostGroup>& entry, Findings& findings);
 void checkTexts(const Entry<ipsecimpl::ProtocolGroup>& entry, Findings& findings);
 void checkTexts(const Entry<ipsecimpl::IPsecAction>& entry, Findings& findings);
+void checkCharacters(const Entry<ipsecimpl::HostGroup>& entry, Findings& findings);
+void checkCharacters(const Entry<ipsecimpl::ProtocolGroup>& entry, Findings& findings);
+void checkCharacters(const Entry<ipsecimpl::IPsecAction>& entry, Findings& findings);
 void checkHostSelectors(const Entry<ipsecimpl::HostGroup>& entry, Findings& findings);
+void checkProtocolSelectors(const Entry<ipsecimpl::ProtocolGroup>& entry, Findings& findings);
 void checkTunnelEndPoint(const Entry<ipsecimpl::IPsecAction>& entry, Findings& findings);
 void checkAction(const Entry<ipsecimpl::IPsecAction>& entry, Findings& findings);
 void checkProposals(const Entry<ipsecimpl::IPsecAction>& entry, const Algorithms* algorithms, Findings& findings);
+void checkRepeatedOffers(const Entry<ipsecimpl::IPsecAction>& entry, Findings& findings);
 void checkManualKey(const Entry<ipsecimpl::IPsecAction>& entry, Findings& findings);
 void checkStrength(const Entry<ipsecimpl::IPsecAction>& entry, Findings& findings);
 /// @}
@@ -35,6 +40,8 @@ void checkReferences(const Model& model, Findings& findings);
 void checkTunnelFamilies(const Model& model, Findings& findings);
 void checkSPIs(const Model& model, Findings& findings);
 void checkKeyReuse(const Model& model, Findings& findings);
+void checkPresharedKeys(const Model& model, Findings& findings);
+void checkNames(const Model& model, Findings& findings);
 void checkIKEVersion(const Model& model, Findings& findings);
 /// @}
 
@@ -44,13 +51,18 @@ using Rules = std::vector<const Rule*>;
 
 Rules referenceRules();
 Rules textRules();
+Rules characterRules();
+Rules nameRules();
 Rules hostSelectorRules();
+Rules protocolSelectorRules();
 Rules tunnelRules();
 Rules actionRules();
 Rules proposalRules();
+Rules repeatedOfferRules();
 Rules manualKeyRules();
 Rules spiRules();
 Rules keyReuseRules();
+Rules presharedKeyRules();
 Rules strengthRules();
 /// @}
 

@@ -17,7 +17,7 @@ struct KeyText {
     const std::string* key;
 };
 
-/// The keys that are in force, in the order of the document.
+/// The keys that are in force: of each algorithm the inbound one, then the outbound one.
 std::vector<KeyText> keysIn(const ipsecimpl::MKM& key);
 
 /// Without the "0x" that may be in front.

@@ -69,7 +69,8 @@ const Rule HEXADECIMAL_NUMBER = {
     "hexadecimal-number",
     Level::NOTE,
     "A number in hexadecimal digits",
-    "The number was read as it is meant, but it will be stored in decimal digits.",
+    "The number was read as it is meant, but it will be stored in decimal digits.\n"
+    "There is nothing to do, unless decimal digits were meant.",
     "",
 };
 
@@ -77,9 +78,9 @@ const Rule NUMBER_SPELLING = {
     "number-spelling",
     Level::NOTE,
     "A number that is stored in other characters",
-    "A plus sign, leading zeros of a decimal number, or white space in its\n"
-    "attribute: the number was read as it is meant, but it will be stored in plain\n"
-    "decimal digits.",
+    "A plus sign, leading zeros of a decimal number, or white space in its attribute:\n"
+    "the number was read as it is meant, but it will be stored in plain decimal\n"
+    "digits. There is nothing to do.",
     "",
 };
 
@@ -87,9 +88,9 @@ const Rule VALUE_CHANGED = {
     "value-changed",
     Level::ERROR,
     "A value is not what the document says",
-    "The configuration in memory has another value than the document, for none of\n"
-    "the usual reasons. Compare the two (see 'ipsec-policy show') and write the\n"
-    "value as it is shown.",
+    "The configuration in memory has another value than the document, for none of the\n"
+    "usual reasons. Compare the two (see 'ipsec-policy show'), and write the value\n"
+    "that is meant in a plainer form.",
     "",
 };
 

@@ -47,7 +47,8 @@ const Entry<IPsecAction>& Model::add(unsigned int id, const IPsecAction& action)
     endPoints_.push_back(action.spdActionGet() == SPD_TUNNEL ? addressIn(action.tunnelEndpointGet()) : std::nullopt);
     if (const MKM* const key = manualKeyOf(action))
         manualKeys_.push_back({&entry, key});
-    hasIKE_ = hasIKE_ || phase1Of(action) != nullptr;
+    if (const IKEPhase1* const phase1 = phase1Of(action))
+        keyExchanges_.push_back({&entry, phase1});
     return entry;
 }
 

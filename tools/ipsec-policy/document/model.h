@@ -6,21 +6,26 @@
 /// out of sight.
 
 #include "address.h"
+#include "objects.h"
 
 #include <ipsecimpl/config.h>
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 /// An entry of a collection.
 template <class T>
 struct Entry {
-    unsigned int id;
-    const T*     object;
-    bool         isVoid; ///< means nothing: a group without selectors, an action NONE
-    bool         isUsed; ///< a policy names it
+    unsigned int  id;
+    const T*      object;
+    bool          isVoid;       ///< means nothing: a group without selectors, an action NONE
+    bool          isUsed;       ///< a policy names it
+    std::uint32_t nameHash = 0; ///< tells different names apart at once, mostly
 };
 
 /// The entries of a collection, in ascending order of their IDs.
@@ -36,7 +41,8 @@ class Entries {
 
     const Entry<T>& add(unsigned int id, const T& object, bool isVoid)
     {
-        return entries_.emplace_back(Entry<T>{id, &object, isVoid, false});
+        const auto hash = static_cast<std::uint32_t>(std::hash<std::string_view>()(nameOf(object)));
+        return entries_.emplace_back(Entry<T>{id, &object, isVoid, false, hash});
     }
 
     /// Null if there is none. The entry is used from then on.
@@ -51,6 +57,9 @@ class Entries {
 
     /// The number of the entry, from 0.
     std::size_t placeOf(const Entry<T>& entry) const { return static_cast<std::size_t>(&entry - entries_.data()); }
+
+    std::size_t     size() const { return entries_.size(); }
+    const Entry<T>& operator[](std::size_t place) const { return entries_[place]; } ///< numbered from 0
 
     auto begin() const { return entries_.begin(); }
     auto end() const { return entries_.end(); }
@@ -89,6 +98,12 @@ struct ManualKey {
     const ipsecimpl::MKM*                key;
 };
 
+/// An action with IKE in force.
+struct KeyExchange {
+    const Entry<ipsecimpl::IPsecAction>* action;
+    const ipsecimpl::IKEPhase1*          phase1;
+};
+
 /// What checks across objects need. It is gathered while the objects are checked one by one: to visit each object of a
 /// large configuration once more costs as much as all there is to check in it.
 class Model {
@@ -111,8 +126,8 @@ class Model {
     /// Those in force.
     const std::vector<ManualKey>& manualKeys() const { return manualKeys_; }
 
-    /// Whether there is an action with IKE.
-    bool hasIKE() const { return hasIKE_; }
+    /// Those in force.
+    const std::vector<KeyExchange>& keyExchanges() const { return keyExchanges_; }
 
     const Families& familiesOf(const Entry<ipsecimpl::HostGroup>& group) const
     {
@@ -133,7 +148,7 @@ class Model {
     std::vector<Families>               families_;  // of each host group
     std::vector<std::optional<Address>> endPoints_; // of each action
     std::vector<ManualKey>              manualKeys_;
-    bool                                hasIKE_ = false;
+    std::vector<KeyExchange>            keyExchanges_;
 };
 
 /// \name What is in force in an action

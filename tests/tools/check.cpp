@@ -324,6 +324,8 @@ TEST_F(Check, KnowsNoOtherCode)
 {
     EXPECT_EQ(run({"check", "--explain", "x\x1b"}),
               troubled("no finding has the code 'x\\x1b': 'ipsec-policy check --list' lists all"));
+    EXPECT_EQ(run({"check", "--explain", "dangling-refrence"}),
+              troubled("no finding has the code 'dangling-refrence' (did you mean 'dangling-reference'?)"));
 }
 
 } // namespace

@@ -81,6 +81,22 @@ TEST_F(EditStoring, KeepsTheOldFileByTheNameThatIsGiven)
     EXPECT_EQ(contentOf("old.xml"), writtenForm(BEFORE));
 }
 
+TEST_F(EditStoring, TakesEveryNameForTheOldFileLiterally)
+{
+    for (const std::string name : {"true", "false", "1", "[x,y]", "-", "--json"}) {
+        writeFile("p.xml", writtenForm(BEFORE));
+        EXPECT_EQ(edit({RENAME}, {"--backup=" + name}), printed("")) << name;
+        EXPECT_EQ(contentOf(name), writtenForm(BEFORE)) << name;
+    }
+    EXPECT_EQ(fileNames().size(), 7U);
+}
+
+TEST_F(EditStoring, BackupTakesNoNameFromTheNextWord)
+{
+    EXPECT_EQ(run({"edit", "--backup", "p.xml", "-e", RENAME}), printed(""));
+    EXPECT_EQ(contentOf("p.xml~"), writtenForm(BEFORE));
+}
+
 TEST_F(EditStoring, IsNotBegunWhereTheOldFileCannotBeKept)
 {
     EXPECT_EQ(edit({RENAME}, {"--backup=none/old.xml"}), troubled("none/old.xml: No such file or directory"));

@@ -134,10 +134,15 @@ void checkArguments(const Options& options)
     const bool isAboutRules = options.lists || !options.explained.empty();
     if (isAboutRules && !options.files.empty())
         throw usageFailure("check", "unexpected argument '" + printable(options.files.front()) + "'");
-    if ((options.isJson && options.isSarif) || (isAboutRules && options.isSarif))
-        throw usageFailure("check", "wrong use of option '--sarif'");
+    const auto exclude = [](const char* one, const char* other) {
+        return usageFailure("check", std::string(one) + " and " + other + " exclude each other");
+    };
+    if (options.isJson && options.isSarif)
+        throw exclude("--json", "--sarif");
+    if (isAboutRules && options.isSarif)
+        throw exclude(options.lists ? "--list" : "--explain", "--sarif");
     if (options.lists && !options.explained.empty())
-        throw usageFailure("check", "wrong use of option '--list'");
+        throw exclude("--list", "--explain");
     if (!isAboutRules && options.files.empty())
         throw usageFailure("check", "FILE is required");
     const auto fromStandardInput = std::count_if(options.files.begin(), options.files.end(), isStandardStream);
@@ -170,20 +175,20 @@ ExitStatus check(const Options& options)
 std::function<ExitStatus()> declare(CLI::App& arguments)
 {
     const auto options = std::make_shared<Options>();
-    const auto flag    = [&arguments](const char* name, bool& value, const char* help) {
-        return arguments.add_flag(name, value, help)->disable_flag_override();
-    };
     arguments.add_option("FILE", options->files, "The configurations; - is standard input")->type_name("");
-    flag("--json", options->isJson, "Print JSON");
-    flag("--sarif", options->isSarif, "Print SARIF 2.1.0");
-    arguments.add_option("--level", options->level, "Leave out what is below: error, warning, note")
-        ->check(CLI::IsMember({"error", "warning", "note"}).description(""))
-        ->type_name("LEVEL");
-    flag("--strict", options->isStrict, "Let notes fail too");
+    addFlag(arguments, "--json", options->isJson, "Print JSON");
+    addFlag(arguments, "--sarif", options->isSarif, "Print SARIF 2.1.0");
+    addChoice(arguments,
+              {"--level",
+               "LEVEL",
+               {wordOf(Level::ERROR), wordOf(Level::WARNING), wordOf(Level::NOTE)},
+               "Leave out what is below: error, warning, note"},
+              options->level);
+    addFlag(arguments, "--strict", options->isStrict, "Let notes fail too");
     arguments.add_option("--algorithms", options->algorithms, "What the numbers in SA proposals stand for")
         ->type_name("FILE");
-    flag("--show-keys", options->showsKeys, "Show keys, pre-shared keys and IVs too");
-    flag("--list", options->lists, "List all that can be found");
+    addFlag(arguments, "--show-keys", options->showsKeys, "Show keys, pre-shared keys and IVs too");
+    addFlag(arguments, "--list", options->lists, "List all that can be found");
     addMaxSize(arguments, options->maxSize);
     arguments.add_option("--explain", options->explained, "Explain what is found under this code")->type_name("CODE");
     return [options] { return check(*options); };

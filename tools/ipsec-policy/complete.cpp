@@ -1,6 +1,7 @@
 #include "complete.h"
 
 #include "check_report.h"
+#include "command_line.h"
 #include "object_candidates.h"
 #include "objects.h"
 #include "rules.h"
@@ -20,55 +21,11 @@ namespace {
 const char FILES[] = ":files\n";
 
 /// What the arguments that are files are called in the commands' declarations.
-const std::string_view FILE_WORDS[] = {"FILE", "OUT", "OLD", "NEW", "SCRIPT"};
+const std::string_view FILE_WORDS[] = {"FILE", "OUT", "OLD", "NEW", "SCRIPT", "NAME"};
 
 bool startsWith(std::string_view text, std::string_view start)
 {
     return text.substr(0, start.size()) == start;
-}
-
-bool takesValue(const CLI::Option& option)
-{
-    return option.get_items_expected_max() > 0;
-}
-
-/// The option that a word with a dash is about, with or without a value in the same word; null if there is none.
-const CLI::Option* optionIn(const CLI::App& command, std::string_view word)
-{
-    const bool        isLong = startsWith(word, "--");
-    const std::string name(isLong ? word.substr(2, word.find('=') - 2) : word.substr(1, 1));
-    for (const CLI::Option* option : command.get_options()) {
-        const std::vector<std::string>& names = isLong ? option->get_lnames() : option->get_snames();
-        if (std::find(names.begin(), names.end(), name) != names.end())
-            return option;
-    }
-    return nullptr;
-}
-
-/// The arguments of a command so far.
-struct Arguments {
-    std::vector<std::string> positionals;
-    const CLI::Option*       awaiting     = nullptr; ///< the option whose value is next
-    bool                     optionsEnded = false;   ///< by "--"
-};
-
-Arguments read(const CLI::App& command, const std::vector<std::string>& words)
-{
-    Arguments arguments;
-    for (const std::string& word : words) {
-        if (arguments.awaiting != nullptr) {
-            arguments.awaiting = nullptr;
-        } else if (arguments.optionsEnded || word.size() < 2 || word.front() != '-') {
-            arguments.positionals.push_back(word);
-        } else if (word == "--") {
-            arguments.optionsEnded = true;
-        } else if (const CLI::Option* const option = optionIn(command, word); option != nullptr) {
-            const bool hasValue = startsWith(word, "--") ? word.find('=') != std::string::npos : word.size() > 2;
-            if (takesValue(*option) && !hasValue)
-                arguments.awaiting = option;
-        }
-    }
-    return arguments;
 }
 
 /// Collects the candidates that go on from what is typed.
@@ -181,8 +138,7 @@ void Completion::addValues(const CLI::Option& argument, const CLI::App& command,
 
 void Completion::complete(const std::vector<std::string>& before)
 {
-    const auto isArgument = [](const std::string& word) { return word.empty() || word.front() != '-'; };
-    const auto name       = std::find_if(before.begin(), before.end(), isArgument);
+    const auto name = findCommand(before);
     if (name == before.end()) {
         addCommands();
         addOptions(program_);
@@ -190,7 +146,7 @@ void Completion::complete(const std::vector<std::string>& before)
     }
     const auto hasName = [&name](const CLI::App* command) { return command->get_name() == *name; };
     for (const CLI::App* command : program_.get_subcommands(hasName))
-        completeArgument(*command, read(*command, {std::next(name), before.end()}));
+        completeArgument(*command, readArguments(*command, {std::next(name), before.end()}));
 }
 
 void Completion::completeArgument(const CLI::App& command, const Arguments& arguments)
@@ -205,7 +161,7 @@ void Completion::completeArgument(const CLI::App& command, const Arguments& argu
         if (equals == std::string::npos)
             return addOptions(command);
         prefix_ = word.substr(0, equals + 1);
-        if (option != nullptr && takesValue(*option))
+        if (option != nullptr && (takesValue(*option) || mayTakeValue(*option)))
             addValues(*option, command, arguments);
         return;
     }
@@ -213,7 +169,7 @@ void Completion::completeArgument(const CLI::App& command, const Arguments& argu
     const std::size_t next        = arguments.positionals.size();
     if (next < positionals.size())
         addValues(*positionals[next], command, arguments);
-    else if (!positionals.empty() && positionals.back()->get_expected_max() == CLI::detail::expected_max_vector_size)
+    else if (!positionals.empty() && isRepeatable(*positionals.back()))
         addValues(*positionals.back(), command, arguments);
     else if (!arguments.optionsEnded)
         addOptions(command);

@@ -60,13 +60,10 @@ std::function<ExitStatus()> declare(CLI::App& arguments)
     const auto options = std::make_shared<Options>();
     arguments.add_option("OLD", options->before, DOCUMENT_HELP)->required()->type_name("");
     arguments.add_option("NEW", options->after, "What became of it, or - too")->required()->type_name("");
-    arguments.add_flag("--json", options->json, "Tell it in JSON")->disable_flag_override();
-    arguments.add_flag("--script", options->script, "Tell it in commands for edit that turn OLD into NEW")
-        ->disable_flag_override();
-    arguments.add_flag("--change-counts", options->compared.changeCounts, "Compare the actions' change counters too")
-        ->disable_flag_override();
-    arguments.add_flag("--show-keys", options->compared.showKeys, "Show keys, pre-shared keys and IVs too")
-        ->disable_flag_override();
+    addFlag(arguments, "--json", options->json, "Tell it in JSON");
+    addFlag(arguments, "--script", options->script, "Tell it in commands for edit that turn OLD into NEW");
+    addFlag(arguments, "--change-counts", options->compared.changeCounts, "Compare the actions' change counters too");
+    addFlag(arguments, "--show-keys", options->compared.showKeys, "Show keys, pre-shared keys and IVs too");
     addMaxSize(arguments, options->maxSize);
     return [options] { return diff(*options); };
 }

@@ -25,16 +25,15 @@ using namespace ipsecimpl;
 
 namespace {
 
-const char USUAL_BACKUP[] = "true"; // what the parser makes of an option without a value
-
 struct Options {
     std::string              file;
     std::vector<std::string> commands;
     std::string              script;
-    bool                     dryRun  = false;
-    bool                     cascade = false;
-    bool                     force   = false;
-    std::string              backup;
+    bool                     dryRun      = false;
+    bool                     cascade     = false;
+    bool                     force       = false;
+    bool                     keepsBackup = false;
+    std::string              backup; ///< empty if no name is given
     std::size_t              maxSize = USUAL_MAX_SIZE;
 };
 
@@ -136,6 +135,11 @@ try {
     throw Failure(failure.status, printable(fileName) + " is stored, but " + failure.what());
 }
 
+std::string backupName(const Options& options)
+{
+    return options.backup.empty() ? options.file + '~' : options.backup;
+}
+
 ExitStatus edit(const Options& options)
 {
     const char NOTHING[] = "nothing changed\n";
@@ -151,7 +155,7 @@ ExitStatus edit(const Options& options)
     const Edit edited(file.text(), script, options);
     if (!edited.isChange())
         return tell(NOTHING);
-    file.replace(edited.stored(), options.backup == USUAL_BACKUP ? options.file + '~' : options.backup);
+    file.replace(edited.stored(), options.keepsBackup ? backupName(options) : "");
     return tellStored(edited.report(), options.file);
 }
 
@@ -163,14 +167,17 @@ std::function<ExitStatus()> declare(CLI::App& arguments)
     arguments.add_option("-e,--command", options->commands, "A command; may be given more than once")
         ->type_name("COMMAND")
         ->allow_extra_args(false);
-    arguments.add_flag("--dry-run", options->dryRun, "Change nothing, but print what would differ")
-        ->disable_flag_override();
-    arguments.add_flag("--cascade", options->cascade, "Remove the policies that use what is removed")
-        ->disable_flag_override();
-    arguments.add_flag("--force", options->force, FORCE_HELP)->disable_flag_override();
-    arguments.add_flag("--backup", options->backup, "Keep the old file as FILE~; with --backup=NAME, as NAME");
+    addFlag(arguments, "--dry-run", options->dryRun, "Change nothing, but print what would differ");
+    addFlag(arguments, "--cascade", options->cascade, "Remove the policies that use what is removed");
+    addFlag(arguments, "--force", options->force, FORCE_HELP);
+    // A flag, lest FILE be taken for its value; in braces stands what it has without one: nothing.
+    const CLI::Option* const backup =
+        arguments.add_flag("--backup{}", options->backup, "Keep the old file as FILE~, or as NAME")->type_name("NAME");
     addMaxSize(arguments, options->maxSize);
-    return [options] { return edit(*options); };
+    return [options, backup] {
+        options->keepsBackup = backup->count() > 0;
+        return edit(*options);
+    };
 }
 
 } // namespace

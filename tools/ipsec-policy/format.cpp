@@ -120,10 +120,9 @@ std::function<ExitStatus()> declare(CLI::App& arguments)
     arguments.add_option("FILE", options->files, DOCUMENT_HELP)->required()->type_name("");
     arguments.add_option("-o,--output", options->output, "Where to store it; standard output if not given")
         ->type_name("OUT");
-    arguments.add_flag("--in-place", options->inPlace, "Store each FILE where it was")->disable_flag_override();
-    arguments.add_flag("--check", options->check, "Store nothing; tell which FILEs would change")
-        ->disable_flag_override();
-    arguments.add_flag("--force", options->force, FORCE_HELP)->disable_flag_override();
+    addFlag(arguments, "--in-place", options->inPlace, "Store each FILE where it was");
+    addFlag(arguments, "--check", options->check, "Store nothing; tell which FILEs would change");
+    addFlag(arguments, "--force", options->force, FORCE_HELP);
     addMaxSize(arguments, options->maxSize);
     return [options] { return format(*options); };
 }

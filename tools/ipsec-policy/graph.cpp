@@ -167,7 +167,7 @@ std::function<ExitStatus()> declare(CLI::App& arguments)
 {
     const auto options = std::make_shared<Options>();
     arguments.add_option("FILE", options->file, DOCUMENT_HELP)->required()->type_name("");
-    arguments.add_flag("--used-only", options->usedOnly, "Leave out what no policy names")->disable_flag_override();
+    addFlag(arguments, "--used-only", options->usedOnly, "Leave out what no policy names");
     addMaxSize(arguments, options->maxSize);
     return [options] { return graph(*options); };
 }

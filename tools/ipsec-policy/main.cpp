@@ -4,15 +4,18 @@
 /// Results go to standard output, messages to standard error.
 
 #include "build_facts.h"
+#include "command_line.h"
 #include "commands.h"
 #include "complete.h"
 #include "failure.h"
 #include "files.h"
-#include "text.h"
+#include "usage.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <csignal>
+#include <memory>
 #include <new>
 #include <sstream>
 #include <stdexcept>
@@ -52,51 +55,36 @@ std::string indented(const std::string& text)
     return result;
 }
 
+/// Also shows values that may follow a flag, of which the parser's own formatter knows nothing.
+class HelpFormatter : public CLI::Formatter {
+  public:
+    std::string make_option_name(const CLI::Option* option, bool isPositional) const override
+    {
+        return mayTakeValue(*option) ? nameOf(*option) : Formatter::make_option_name(option, isPositional);
+    }
+
+    std::string make_option_opts(const CLI::Option* option) const override
+    {
+        return mayTakeValue(*option) ? "[=" + option->get_type_name() + ']' : Formatter::make_option_opts(option);
+    }
+};
+
 void declareLooks(CLI::App& app)
 {
+    app.formatter(std::make_shared<HelpFormatter>());
     app.get_formatter()->column_width(24);
     app.get_formatter()->label("Positionals", "Arguments");
     app.get_formatter()->label("SUBCOMMAND", "COMMAND ...");
     app.get_formatter()->label("OPTIONS", "OPTION ...");
 }
 
-/// What is wrong with the arguments of `command`, which may be the program itself.
-std::string usageMessage(const CLI::App& command, const CLI::Error& error)
-{
-    const bool isProgram = command.get_parent() == nullptr;
-    if (const std::vector<std::string> others = command.remaining(); !others.empty()) {
-        const std::string& other    = others.front();
-        const bool         isOption = other.size() > 1 && other.front() == '-';
-        const char* const  what = isOption ? "unknown option" : isProgram ? "unknown command" : "unexpected argument";
-        // What is not in quotes may be a command of `edit` with a key in it.
-        if (!isOption && command.get_name() == "edit")
-            return what + std::string(" (a command with blanks must be in quotes)");
-        return what + (" '" + printable(other.substr(0, other.find('=')))) + "'";
-    }
-    if (isProgram)
-        return "a command is required\nUsage: ipsec-policy [OPTION ...] COMMAND ...";
-    const std::string message = error.what();
-    if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr)
-        return message;
-    // The others begin with the option that they are about, some with its dashes.
-    const std::string_view option = std::string_view(message).substr(message.find_first_not_of('-'));
-    return "wrong use of option '--" + printable(option.substr(0, option.find_first_of(": "))) + "'";
-}
-
-Failure argumentsFailure(const CLI::App& app, const CLI::Error& error)
-{
-    const std::vector<CLI::App*> chosen = app.get_subcommands();
-    if (chosen.empty() || !app.remaining().empty())
-        return Failure(ExitStatus::TROUBLE,
-                       usageMessage(app, error) + "\nRun 'ipsec-policy --help' for more information.");
-    return usageFailure(chosen.front()->get_name(), usageMessage(*chosen.front(), error));
-}
-
 /// Declares the program's arguments and those of all commands. Once they are read, `chosen` is what is to be done.
 void declareArguments(CLI::App& app, std::function<ExitStatus()>& chosen)
 {
     declareLooks(app);
-    app.set_version_flag("-V,--version", buildFacts, "Print the version and how the program was built, and exit");
+    app.get_help_ptr()->disable_flag_override();
+    app.set_version_flag("-V,--version", buildFacts, "Print the version and how the program was built, and exit")
+        ->disable_flag_override();
     app.require_subcommand(1);
     app.footer("'ipsec-policy COMMAND --help' tells more about a command.\n\n"
                "Exit status: 0 if all is well; 1 for findings or differences, and for a\n"
@@ -106,6 +94,7 @@ void declareArguments(CLI::App& app, std::function<ExitStatus()>& chosen)
     for (const Command* command : allCommands()) {
         CLI::App* arguments = app.add_subcommand(command->name, command->summary + std::string("."));
         arguments->group("Commands");
+        arguments->get_help_ptr()->disable_flag_override();
         arguments->footer(command->details + std::string("\n\nExamples:\n") + indented(command->examples));
         arguments->final_callback([&chosen, action = command->declare(*arguments)] { chosen = action; });
     }
@@ -134,6 +123,7 @@ ExitStatus run(int argc, const char* const* argv)
     CLI::App                    app("Manages IPsec security-policy configurations.", PROGRAM);
     std::function<ExitStatus()> chosen;
     declareArguments(app, chosen);
+    refuseMisusedOptions(app, {argv + std::min(argc, 1), argv + argc});
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& asked) { // for help, or for the version

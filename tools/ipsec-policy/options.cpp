@@ -10,6 +10,7 @@
 #include <limits>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -57,4 +58,25 @@ void addMaxSize(CLI::App& arguments, std::size_t& maxSize)
             "--max-size", [&arguments, &maxSize](const std::string& text) { maxSize = parseSize(arguments, text); },
             "Refuse larger files; bytes, or with K, M, G (64M)")
         ->type_name("SIZE");
+}
+
+void addChoice(CLI::App& arguments, Choice choice, std::string& value)
+{
+    const char* const option = choice.option;
+    const char* const type   = choice.type;
+    const char* const help   = choice.help;
+
+    const auto choose = [&arguments, &value, choice = std::move(choice)](const std::string& text) {
+        if (std::find(choice.words.begin(), choice.words.end(), text) == choice.words.end())
+            throw usageFailure(arguments.get_name(), std::string("wrong use of option '") + choice.option + "': '" +
+                                                         printable(text) + "' is none of " +
+                                                         CLI::detail::join(choice.words, ", "));
+        value = text;
+    };
+    arguments.add_option_function<std::string>(option, choose, help)->type_name(type);
+}
+
+void addFlag(CLI::App& arguments, const char* option, bool& isGiven, const char* help)
+{
+    arguments.add_flag(option, isGiven, help)->disable_flag_override();
 }

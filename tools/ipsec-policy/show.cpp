@@ -87,9 +87,8 @@ std::function<ExitStatus()> declare(CLI::App& arguments)
     const CLI::Option* const object =
         arguments.add_option("OBJECT", options->object, "Only this one in full: its ID or its unique name")
             ->type_name("");
-    arguments.add_flag("--json", options->json, "Print JSON for scripts")->disable_flag_override();
-    arguments.add_flag("--show-keys", options->showKeys, "Show keys, pre-shared keys and IVs too")
-        ->disable_flag_override();
+    addFlag(arguments, "--json", options->json, "Print JSON for scripts");
+    addFlag(arguments, "--show-keys", options->showKeys, "Show keys, pre-shared keys and IVs too");
     addMaxSize(arguments, options->maxSize);
     return [options, kind, object] {
         options->oneKind   = kind->count() > 0;

@@ -4,6 +4,7 @@
 #include "failure.h"
 #include "file_modes.h"
 #include "load_finding.h"
+#include "nearest.h"
 #include "text.h"
 #include "understood.h"
 
@@ -25,6 +26,11 @@ const Rule& findRule(std::string_view code)
     for (const Rule* const rule : allRules())
         if (rule->code == code)
             return *rule;
+    std::vector<std::string> codes;
+    for (const Rule* const rule : allRules())
+        codes.emplace_back(rule->code);
+    const std::string meant = nearest(code, codes);
     throw Failure(ExitStatus::TROUBLE,
-                  "no finding has the code '" + printable(code) + "': 'ipsec-policy check --list' lists all");
+                  "no finding has the code '" + printable(code) + '\'' +
+                      (meant.empty() ? ": 'ipsec-policy check --list' lists all" : " (did you mean '" + meant + "'?)"));
 }

@@ -98,6 +98,8 @@ void refuseWhatExcludesEachOther(const Options& options)
                            std::string(options.check ? "--check" : "--in-place") + " and --output exclude each other");
     if (options.files.size() > 1 && !options.check && !options.inPlace)
         throw usageFailure("format", "unexpected argument '" + printable(options.files[1]) + "'");
+    if (std::count_if(options.files.begin(), options.files.end(), isStandardStream) > 1)
+        throw usageFailure("format", "standard input can be read only once");
 }
 
 ExitStatus format(const Options& options)

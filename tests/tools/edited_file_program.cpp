@@ -10,7 +10,7 @@ int main(int, char** argv)
 {
     std::signal(SIGXFSZ, SIG_IGN);
     try {
-        const std::string text = readFile("-");
+        const std::string text = readFile("-", USUAL_MAX_SIZE);
         EditedFile(argv[1], USUAL_MAX_SIZE).replace(text, argv[2]);
         return 0;
     } catch (const Failure& failure) {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -74,6 +75,22 @@ TEST_F(MaxSize, Is64MebibytesUnlessGiven)
         EXPECT_EQ(run({command, "/dev/zero"}), tooLarge("/dev/zero", "64 MiB"));
     EXPECT_EQ(run({"format", "-"}, documentOf(64 * MEBIBYTE)).status, 0);
     EXPECT_EQ(run({"format", "-"}, documentOf(64 * MEBIBYTE + 1)), tooLarge("standard input", "64 MiB"));
+}
+
+TEST_F(MaxSize, IsNotOfferedForOtherFiles)
+{
+    writeFile("in.xml", document());
+    writeFile("large", "");
+    std::filesystem::resize_file("large", 64 * MEBIBYTE + 1);
+    const std::string tooLargeFor = "large: larger than 64 MiB (the limit for a ";
+    EXPECT_EQ(run({"edit", "in.xml", "large"}), troubled(tooLargeFor + "script)"));
+    EXPECT_EQ(run({"edit", "in.xml", "large", "--max-size=1G"}), troubled(tooLargeFor + "script)"));
+    EXPECT_EQ(run({"edit", "in.xml", "-"}, std::string(64 * MEBIBYTE + 1, '\n')),
+              troubled("standard input: larger than 64 MiB (the limit for a script)"));
+    EXPECT_EQ(
+        run({"edit", "in.xml", "-e", "add action x spdAction=TRANSPORT keyMgr=IKE ikePhase1/presharedKey=@large"}),
+        troubled("-e:1: " + tooLargeFor + "key file)"));
+    EXPECT_EQ(run({"check", "in.xml", "--algorithms=large"}), troubled(tooLargeFor + "list of algorithms)"));
 }
 
 // The sanitizers' run-time library reserves more memory than any limit that means something here.

@@ -48,9 +48,9 @@ Script scriptOf(const Options& options)
     if (options.commands.empty() == options.script.empty())
         throw usageFailure("edit", "commands are required, with -e or in a SCRIPT (not both)");
     if (isStandardStream(options.script))
-        return {"standard input", readFile(options.script)};
+        return {"standard input", readFileBeside(options.script, "script")};
     if (!options.script.empty())
-        return {printable(options.script), readFile(options.script)};
+        return {printable(options.script), readFileBeside(options.script, "script")};
 
     std::string text;
     for (const std::string& command : options.commands)

@@ -208,7 +208,7 @@ Algorithms Algorithms::parse(const std::string& json)
 
 Algorithms Algorithms::read(const std::string& fileName)
 {
-    const std::string text = readFile(fileName);
+    const std::string text = readFileBeside(fileName, "list of algorithms");
     try {
         return parse(text);
     } catch (const Failure& failure) {

@@ -43,7 +43,7 @@ std::string Secrets::fromFile(const std::string& fileName)
         inputIsTaken_ = true;
     }
     const std::string shown = isStandardStream(fileName) ? "standard input" : printable(fileName);
-    const std::string text  = withoutLineEnd(readFile(fileName));
+    const std::string text  = withoutLineEnd(readFileBeside(fileName, "key file"));
     if (text.empty())
         throw commandFailure(shown + ": there is no key in it");
     if (text.find('\n') != std::string::npos)

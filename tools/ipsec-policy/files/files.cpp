@@ -29,9 +29,20 @@ std::string sizeText(std::size_t bytes)
     return std::to_string(bytes) + (bytes == 1 ? " byte" : " bytes");
 }
 
-Failure sizeFailure(const std::string& fileName, std::size_t maxSize)
+/// How large a file may be, and what a message says of that.
+struct Limit {
+    std::size_t bytes;
+    std::string remark;
+};
+
+Limit documentLimit(std::size_t maxSize)
 {
-    return fileFailure(fileName, "larger than " + sizeText(maxSize) + " (--max-size allows more)");
+    return {maxSize, "--max-size allows more"};
+}
+
+Failure sizeFailure(const std::string& fileName, const Limit& limit)
+{
+    return fileFailure(fileName, "larger than " + sizeText(limit.bytes) + " (" + limit.remark + ')');
 }
 
 /// Lets the system give the memory of a large text in large pieces, if it can: small ones take it longer than to read
@@ -55,30 +66,14 @@ void makeRoom(std::string& text, std::size_t maxSize)
     text.reserve(maxSize >> step);
 }
 
-} // namespace
-
-bool isStandardStream(const std::string& fileName)
-{
-    return fileName == "-";
-}
-
-std::string readFile(const std::string& fileName, std::size_t maxSize)
-{
-    if (isStandardStream(fileName))
-        return readAll(STDIN_FILENO, "standard input", maxSize);
-
-    const Descriptor file(retried([&] { return open(fileName.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY); }), fileName);
-    return readAll(file.number(), fileName, maxSize);
-}
-
-std::string readAll(int descriptor, const std::string& fileName, std::size_t maxSize)
+std::string contentOf(int descriptor, const std::string& fileName, const Limit& limit)
 {
     std::string text;
     struct stat status = {};
     require(retried([&] { return fstat(descriptor, &status); }) == 0, fileName);
     if (S_ISREG(status.st_mode)) {
-        if (static_cast<std::uintmax_t>(status.st_size) > maxSize)
-            throw sizeFailure(fileName, maxSize);
+        if (static_cast<std::uintmax_t>(status.st_size) > limit.bytes)
+            throw sizeFailure(fileName, limit);
         text.reserve(static_cast<std::size_t>(status.st_size));
         useHugePages(text);
     }
@@ -90,12 +85,43 @@ std::string readAll(int descriptor, const std::string& fileName, std::size_t max
         if (count == 0)
             return text;
         const auto size = static_cast<std::size_t>(count);
-        if (size > maxSize - text.size())
-            throw sizeFailure(fileName, maxSize);
+        if (size > limit.bytes - text.size())
+            throw sizeFailure(fileName, limit);
         if (text.capacity() - text.size() < size)
-            makeRoom(text, maxSize);
+            makeRoom(text, limit.bytes);
         text.append(block, size);
     }
+}
+
+std::string contentOf(const std::string& fileName, const Limit& limit)
+{
+    if (isStandardStream(fileName))
+        return contentOf(STDIN_FILENO, "standard input", limit);
+
+    const Descriptor file(retried([&] { return open(fileName.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY); }), fileName);
+    return contentOf(file.number(), fileName, limit);
+}
+
+} // namespace
+
+bool isStandardStream(const std::string& fileName)
+{
+    return fileName == "-";
+}
+
+std::string readFile(const std::string& fileName, std::size_t maxSize)
+{
+    return contentOf(fileName, documentLimit(maxSize));
+}
+
+std::string readFileBeside(const std::string& fileName, const char* what)
+{
+    return contentOf(fileName, {USUAL_MAX_SIZE, std::string("the limit for a ") + what});
+}
+
+std::string readAll(int descriptor, const std::string& fileName, std::size_t maxSize)
+{
+    return contentOf(descriptor, fileName, documentLimit(maxSize));
 }
 
 bool holds(int descriptor, std::string_view text, const std::string& fileName)

@@ -17,10 +17,14 @@ inline constexpr std::size_t USUAL_MAX_SIZE = 64 * 1024 * 1024;
 bool isStandardStream(const std::string& fileName);
 
 /// Everything in the file, or on standard input for "-". A pipe cannot take back a character as the parser wants it,
-/// memory can. More than `maxSize` bytes are a Failure, for which no more memory than that is taken.
-std::string readFile(const std::string& fileName, std::size_t maxSize = USUAL_MAX_SIZE);
+/// memory can. More than `maxSize` bytes are a Failure, for which no more memory than that is taken; it says that
+/// --max-size allows more, as it does for documents.
+std::string readFile(const std::string& fileName, std::size_t maxSize);
 
-/// The rest of the open file `descriptor`, which the messages call `fileName`.
+/// The same of what is no document, such as a "script": USUAL_MAX_SIZE is the limit whatever is asked for.
+std::string readFileBeside(const std::string& fileName, const char* what);
+
+/// The rest of the open file `descriptor`, a document that the messages call `fileName`.
 std::string readAll(int descriptor, const std::string& fileName, std::size_t maxSize);
 
 /// Whether the open file `descriptor` holds `text` and nothing else.

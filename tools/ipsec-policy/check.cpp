@@ -56,7 +56,8 @@ Json jsonOf(const Rule& rule)
 
 Blocks tableOfRules()
 {
-    Table table({{"CODE", Table::Kind::TEXT}, {"LEVEL", Table::Kind::TEXT}, {"WHAT IS FOUND", Table::Kind::PROSE}});
+    Table table(
+        {{"CODE", Table::Kind::LONG_WORDS}, {"LEVEL", Table::Kind::TEXT}, {"WHAT IS FOUND", Table::Kind::PROSE}});
     for (const Rule* const rule : allRules()) {
         table.cell(rule->code);
         table.cell(wordOf(rule->level));

@@ -107,9 +107,10 @@ const Command SHOW_COMMAND = {
     "given as name=7. '!! missing' marks IDs that nothing has, [built-in] what the\n"
     "library made.\n\n"
     "Tables are as wide as the terminal at most, or as the variable COLUMNS says:\n"
-    "longer texts are wrapped, never cut. Elsewhere they are 80 columns wide. Colours\n"
-    "are for terminals only, and not if the variable NO_COLOR is set. What a terminal\n"
-    "would obey instead of show is escaped (\\n, \\x1b, \\u{202e}; \\\\ is a backslash).\n"
+    "longer texts are wrapped, never cut, and what is too narrow for columns stands\n"
+    "below each other. Elsewhere they are 80 columns wide. Colours are for terminals\n"
+    "only, and not if the variable NO_COLOR is set. What a terminal would obey\n"
+    "instead of show is escaped (\\n, \\x1b, \\u{202e}; \\\\ is a backslash).\n"
     "Messages about a document never quote its texts, as these could be keys.\n\n"
     "With --json, what is hidden is null, and \"hidden\": true stands beside it.",
     "ipsec-policy show policy.xml\n"

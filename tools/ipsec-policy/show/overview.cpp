@@ -44,12 +44,10 @@ void addNameCell(Table& table, const std::string& name, bool builtIn)
 } // namespace
 
 template <class Groups>
-void Overview::appendGroups(Blocks& out, Kind kind, const char* contents, const Groups& groups)
+void Overview::appendGroups(Blocks& out, Kind kind, const Table::Column& contents, const Groups& groups)
 {
-    Table table({{"ID", Table::Kind::NUMBER},
-                 {"NAME", Table::Kind::TEXT},
-                 {contents, Table::Kind::TEXT},
-                 {"DESCRIPTION", Table::Kind::PROSE}});
+    Table table(
+        {{"ID", Table::Kind::NUMBER}, {"NAME", Table::Kind::TEXT}, contents, {"DESCRIPTION", Table::Kind::PROSE}});
     for (const auto& [id, group] : groups) {
         names_.add(kind, id, group.name);
         table.cell(id);
@@ -70,7 +68,7 @@ void Overview::appendGroups(Blocks& out, Kind kind, const char* contents, const 
 
 void Overview::appendActions(Blocks& out)
 {
-    Table table({{"ID", Table::Kind::NUMBER}, {"NAME", Table::Kind::TEXT}, {"ACTION", Table::Kind::TEXT}});
+    Table table({{"ID", Table::Kind::NUMBER}, {"NAME", Table::Kind::TEXT}, {"ACTION", Table::Kind::LONG_WORDS}});
     for (const auto& [id, action] : config_.actions) {
         names_.add(Kind::ACTION, id, action.nameGet());
         table.cell(id);
@@ -102,9 +100,9 @@ void Overview::appendSection(Blocks& out, Kind kind)
 {
     switch (kind) {
     case Kind::HOST_GROUP:
-        return appendGroups(out, kind, "HOSTS", config_.hostGroups);
+        return appendGroups(out, kind, {"HOSTS", Table::Kind::LONG_WORDS}, config_.hostGroups);
     case Kind::PROTOCOL_GROUP:
-        return appendGroups(out, kind, "TRAFFIC", config_.protocolGroups);
+        return appendGroups(out, kind, {"TRAFFIC", Table::Kind::TEXT}, config_.protocolGroups);
     case Kind::ACTION:
         return appendActions(out);
     default:

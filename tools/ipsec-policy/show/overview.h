@@ -8,6 +8,7 @@
 #include "lines.h"
 #include "objects.h"
 #include "references.h"
+#include "table.h"
 
 #include <ipsecimpl/config.h>
 
@@ -26,7 +27,7 @@ class Overview {
 
   private:
     template <class Groups>
-    void appendGroups(Blocks& out, Kind kind, const char* contents, const Groups& groups);
+    void appendGroups(Blocks& out, Kind kind, const Table::Column& contents, const Groups& groups);
     void appendActions(Blocks& out);
     void appendPolicies(Blocks& out);
 

@@ -7,9 +7,15 @@
 
 namespace {
 
-const std::size_t GAP         = 2;  // between columns
-const std::size_t HANGING     = 2;  // shows which lines go on with the one before
-const std::size_t LEAST_PROSE = 20; // prose that is narrower is worse than narrow columns beside it
+const std::size_t GAP        = 2;  // between columns
+const std::size_t HANGING    = 2;  // shows which lines go on with the one before
+const std::size_t GOOD_PROSE = 20; // prose that is narrower is worse than narrow columns beside it
+
+/// How wide a column must be at least if not all of it fits. Any word of a heading does.
+std::size_t leastWidth(Table::Kind kind)
+{
+    return kind == Table::Kind::LONG_WORDS ? 24 : 16;
+}
 
 } // namespace
 
@@ -71,15 +77,28 @@ void Table::endCell()
     column_ = column_ + 1 == kinds_.size() ? 0 : column_ + 1;
 }
 
+std::size_t Table::room(std::size_t width) const
+{
+    return width - GAP * (kinds_.size() - 1);
+}
+
+bool Table::mustStack(std::size_t width) const
+{
+    std::size_t needed = 0;
+    for (std::size_t i = 0; i < kinds_.size(); ++i)
+        needed += std::min(widths_[i], leastWidth(kinds_[i]));
+    return kinds_.size() > 2 && needed > room(width);
+}
+
 std::vector<std::size_t> Table::columnWidths(std::size_t width) const
 {
-    const std::size_t        room   = width - GAP * (kinds_.size() - 1);
-    const std::size_t        least  = std::min(LEAST_PROSE, width / 4);
+    const std::size_t        most   = room(width);
+    const std::size_t        least  = std::max(leastWidth(Kind::PROSE), std::min(GOOD_PROSE, width / 4));
     std::vector<std::size_t> widths = widths_;
     for (std::size_t& w : widths)
-        w = std::min(w, room);
+        w = std::min(w, most);
 
-    for (std::size_t sum = std::accumulate(widths.begin(), widths.end(), std::size_t{0}); sum > room; --sum) {
+    for (std::size_t sum = std::accumulate(widths.begin(), widths.end(), std::size_t{0}); sum > most; --sum) {
         std::size_t widest = 0;
         std::size_t prose  = kinds_.size();
         for (std::size_t i = 0; i < kinds_.size(); ++i) {
@@ -93,9 +112,11 @@ std::vector<std::size_t> Table::columnWidths(std::size_t width) const
     return widths;
 }
 
-void Table::layOut(std::size_t cell, std::size_t width, std::size_t hanging, std::vector<WrappedLine>& wrapped,
+void Table::layOut(std::size_t cell, std::size_t width, std::vector<WrappedLine>& wrapped,
                    std::vector<Piece>& pieces) const
 {
+    const std::size_t hanging = kinds_[cell % kinds_.size()] == Kind::PROSE ? 0 : HANGING;
+    pieces.clear();
     for (std::size_t line = cell == 0 ? 0 : cells_[cell - 1]; line < cells_[cell]; ++line) {
         const std::string_view text = lines_.text(line);
         if (lines_.columns(line) <= width) {
@@ -111,6 +132,14 @@ void Table::layOut(std::size_t cell, std::size_t width, std::size_t hanging, std
 
 void Table::appendTo(Blocks& out, std::size_t width) const
 {
+    if (mustStack(width))
+        appendStacked(out, width);
+    else
+        appendRows(out, width);
+}
+
+void Table::appendRows(Blocks& out, std::size_t width) const
+{
     const std::vector<std::size_t> widths = columnWidths(width);
     LineWriter                     writer(out);
 
@@ -119,8 +148,7 @@ void Table::appendTo(Blocks& out, std::size_t width) const
     for (std::size_t first = 0; first < cells_.size(); first += row.size()) {
         std::size_t height = 0;
         for (std::size_t i = 0; i < row.size(); ++i) {
-            row[i].clear();
-            layOut(first + i, widths[i], kinds_[i] == Kind::PROSE ? 0 : HANGING, wrapped, row[i]);
+            layOut(first + i, widths[i], wrapped, row[i]);
             height = std::max(height, row[i].size());
         }
         for (std::size_t line = 0; line < height; ++line) {
@@ -131,6 +159,43 @@ void Table::appendTo(Blocks& out, std::size_t width) const
                     writer.blanks(widths[i]);
                 writer.blanks(GAP);
             }
+            writer.end();
+        }
+    }
+}
+
+bool Table::isEmpty(std::size_t cell) const
+{
+    const std::size_t first = cells_[cell - 1];
+    return cells_[cell] == first + 1 && lines_.text(first).empty();
+}
+
+void Table::appendStacked(Blocks& out, std::size_t width) const
+{
+    std::size_t margin = 0; // of the cells, behind the headings
+    for (std::size_t i = 0; i < kinds_.size(); ++i)
+        margin = std::max(margin, lines_.columns(i) + GAP);
+    const bool isBelow = width < margin + GOOD_PROSE; // then each heading has a line of its own
+    if (isBelow)
+        margin = HANGING;
+
+    LineWriter               writer(out);
+    std::vector<WrappedLine> wrapped; // kept for its memory
+    std::vector<Piece>       pieces;
+    for (std::size_t cell = kinds_.size(); cell < cells_.size(); ++cell) {
+        const std::size_t column = cell % kinds_.size();
+        if (column == 0 && cell > kinds_.size())
+            writer.end();
+        if (isEmpty(cell))
+            continue;
+        writer.piece({0, lines_.text(column), lines_.columns(column), false}, margin, false);
+        if (isBelow)
+            writer.end();
+        layOut(cell, width - margin, wrapped, pieces);
+        for (std::size_t line = 0; line < pieces.size(); ++line) {
+            if (line > 0 || isBelow)
+                writer.blanks(margin);
+            writer.piece(pieces[line], width - margin, false);
             writer.end();
         }
     }

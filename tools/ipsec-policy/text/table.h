@@ -13,7 +13,9 @@
 #include <string_view>
 #include <vector>
 
-/// Rows under headings, in columns that are as wide as their contents if the table's width allows it.
+/// Rows under headings, in columns that are as wide as their contents if the table's width allows it. Where three or
+/// more columns would become too narrow to read, there are none: the cells of a row stand below each other, each behind
+/// its heading.
 ///
 /// What does not fit is wrapped, never cut. Marked lines are red where standard output shows colours.
 class Table {
@@ -21,7 +23,8 @@ class Table {
     enum class Kind {
         NUMBER, ///< aligned to the right
         TEXT,
-        PROSE ///< text that gives way first when the table would become too wide
+        LONG_WORDS, ///< text whose words are hard to read when they are broken, such as addresses
+        PROSE       ///< text that gives way first when the table would become too wide
     };
 
     struct Column {
@@ -70,9 +73,14 @@ class Table {
 
     class LineWriter;
 
+    std::size_t              room(std::size_t width) const;
+    bool                     mustStack(std::size_t width) const;
     std::vector<std::size_t> columnWidths(std::size_t width) const;
-    void layOut(std::size_t cell, std::size_t width, std::size_t hanging, std::vector<WrappedLine>& wrapped,
-                std::vector<Piece>& pieces) const;
+    void                     appendRows(Blocks& out, std::size_t width) const;
+    void                     appendStacked(Blocks& out, std::size_t width) const;
+    bool                     isEmpty(std::size_t cell) const;
+    void                     layOut(std::size_t cell, std::size_t width, std::vector<WrappedLine>& wrapped,
+                                    std::vector<Piece>& pieces) const;
 
     std::vector<Kind>        kinds_;
     std::vector<std::size_t> widths_; // of the widest lines so far

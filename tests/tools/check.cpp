@@ -311,8 +311,8 @@ TEST_F(Check, ExplainsEveryCode)
     EXPECT_EQ(run({"check", "--explain", "does-not-load"}), printed(R"(does-not-load (error): The document does not load
 
 The document is not in the format of these configurations, so that no program
-loads it. The finding marks what the reader could not take: an element, a tag
-or a character; what is really wrong may stand a little before it. The elements
+loads it. The finding marks what the reader could not take: an element, a tag or
+a character; what is really wrong may stand a little before it. The elements
 that are open there are listed, the outermost first. Reading ends there, and so
 does the check of this file: correct it and check again. Of such a document no
 text is shown, as any of it could be a key in the wrong place.

@@ -3,10 +3,13 @@
 #include "check_report.h"
 #include "program.h"
 #include "rules.h"
+#include "text.h"
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -53,14 +56,45 @@ TEST(CheckRules, NameTheirReasonsInOneForm)
         EXPECT_TRUE(std::regex_match(rule->reference, form)) << rule->code << ": " << rule->reference;
 }
 
-TEST(CheckRules, AreExplainedByTheProgram)
+/// The text in lines, each but the last as long as words allow, with a newline behind each.
+std::string inLines(std::string text, std::size_t width, std::size_t hanging)
 {
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    std::string lines;
+    for (const std::string& line : wrapped(text, width, hanging))
+        lines += line + '\n';
+    return lines;
+}
+
+class CheckExplanations : public testing::TestWithParam<std::size_t> {};
+
+TEST_P(CheckExplanations, AreWrappedToTheTerminalsWidth)
+{
+    const std::size_t width = GetParam();
     for (const Rule* const rule : allRules()) {
-        const std::string title =
-            std::string(rule->code) + " (" + wordOf(rule->level) + "): " + rule->summary + "\n\n" + rule->explanation;
-        const std::string reference = *rule->reference == '\0' ? "" : std::string("\nSee ") + rule->reference + ".\n";
-        EXPECT_EQ(run({"check", "--explain", rule->code}), printed(title + '\n' + reference));
+        const std::string title = std::string(rule->code) + " (" + wordOf(rule->level) + "): " + rule->summary;
+        const std::string reference =
+            *rule->reference == '\0' ? "" : '\n' + inLines(std::string("See ") + rule->reference + '.', width, 0);
+        EXPECT_EQ(run({"check", "--explain", rule->code}, "",
+                      [width] { setenv("COLUMNS", std::to_string(width).c_str(), 1); }),
+                  printed(inLines(title, width, 2) + '\n' + inLines(rule->explanation, width, 0) + reference));
     }
+}
+
+INSTANTIATE_TEST_SUITE_P(CheckRules, CheckExplanations, testing::Values(40, 60, 80, 132));
+
+TEST(CheckRules, AreExplainedInEightyColumnsWhereThereIsNoTerminal)
+{
+    EXPECT_EQ(run({"check", "--explain", "unauthenticated-encryption"}),
+              printed(R"(unauthenticated-encryption (error): Encryption without authentication
+
+Who can change packets can read what is encrypted but not authenticated: there
+are working attacks. Numbers above 1 encrypt, a hash of 0 or 1 is none, and no
+AH makes up for it. An authenticated cipher (AEAD) needs no hash: if the number
+is that of one, say so in the file of --algorithms. Add a hash.
+
+See RFC 8221 section 4.
+)"));
 }
 
 TEST(CheckRules, AreListedByTheProgram)

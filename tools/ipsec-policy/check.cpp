@@ -81,14 +81,33 @@ ExitStatus list(bool isJson)
     return ExitStatus::CLEAN;
 }
 
+void appendFlowing(Blocks& out, std::string text)
+{
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    for (const std::string& line : wrapped(text, outputWidth(), 0))
+        out.append(line + '\n');
+}
+
+Blocks explanationOf(const Rule& rule)
+{
+    Blocks text;
+    appendWrapped(text, rule.code + std::string(" (") + wordOf(rule.level) + "): " + rule.summary, outputWidth());
+    text.append("\n");
+    appendFlowing(text, rule.explanation);
+    if (*rule.reference != '\0') {
+        text.append("\n");
+        appendFlowing(text, std::string("See ") + rule.reference + '.');
+    }
+    return text;
+}
+
 ExitStatus explain(const std::string& code, bool isJson)
 {
     const Rule& rule = findRule(code);
-    std::string text =
-        rule.code + std::string(" (") + wordOf(rule.level) + "): " + rule.summary + "\n\n" + rule.explanation + '\n';
-    if (*rule.reference != '\0')
-        text += std::string("\nSee ") + rule.reference + ".\n";
-    writeStandardOutput(isJson ? textOf(jsonOf(rule)) : text);
+    if (isJson)
+        writeStandardOutput(textOf(jsonOf(rule)));
+    else
+        writeStandardOutput(explanationOf(rule));
     return ExitStatus::CLEAN;
 }
 

@@ -17,7 +17,7 @@ struct Rule {
     const char* code;        ///< lower case with dashes: "dangling-reference"
     Level       level;       ///< of every finding with this code
     const char* summary;     ///< one line for `check --list`, without full stop
-    const char* explanation; ///< for `check --explain`: why it matters and what to do, lines of 80 columns
+    const char* explanation; ///< for `check --explain`: why it matters and what to do, one paragraph in lines
     const char* reference;   ///< such as "RFC 8221 section 4"; empty if no RFC is the reason
 };
 

@@ -97,7 +97,7 @@ TEST(Graph, LabelsHoldFourSelectorsAndSayHowManyThereAre)
     std::string selectors;
     for (const char* address : {"10.0.0.9", "10.0.0.8", "10.0.0.7", "10.0.0.6"})
         selectors += host(address);
-    const std::string four = HOST + R"("1 g\nIPv4 10.0.0.9\nIPv4 10.0.0.8\nIPv4 10.0.0.7\nIPv4 10.0.0.6)";
+    const std::string four = HOST + R"("1 g\n10.0.0.9\n10.0.0.8\n10.0.0.7\n10.0.0.6)";
     EXPECT_THAT(run({"graph", "-"}, withGroup("g", selectors)).out, HasSubstr(four + "\"" + LOOKS));
     EXPECT_THAT(run({"graph", "-"}, withGroup("g", selectors + host("10.0.0.5") + host("10.0.0.4"))).out,
                 HasSubstr(four + "\\nand 2 more\"" + LOOKS));

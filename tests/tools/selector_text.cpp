@@ -1,7 +1,7 @@
 #include "selector_text.h"
 
 #include "failure.h"
-#include "random_text.h"
+#include "random_selectors.h"
 
 #include <ipsecimpl/ipsecimpl.h>
 
@@ -234,43 +234,6 @@ TEST(ProtocolSelectorText, IsRefusedWithTheReason)
         EXPECT_EQ(refusalOf(readProtocolSelector, refusal.text), refusal.message) << refusal.text;
 }
 
-/// A netmask that a document can hold: only its text is looked at, up to a NUL.
-std::string randomMask(std::mt19937& random, const AddressFamily& family)
-{
-    std::string mask = HostSelector::len2mask(family, static_cast<int>(randomNumber(random, 129)));
-    if (family == HOST_INET && randomNumber(random, 3) == 0)
-        mask = "255.0.255.0";
-    if (randomNumber(random, 3) == 0)
-        mask += std::string(1, '\0') + randomText(random);
-    return mask;
-}
-
-std::string randomAddress(std::mt19937& random)
-{
-    static const char* const ADDRESSES[] = {"10.0.0.1", "10.0.0.9", "::1", "fe80::", "any", "local4"};
-    const unsigned int       chosen      = randomNumber(random, 11);
-    return chosen < 6 ? ADDRESSES[chosen] : randomText(random);
-}
-
-HostSelector randomHostSelector(std::mt19937& random)
-{
-    const AddressFamily family(static_cast<int>(randomNumber(random, 2)));
-    const AddressType   type(static_cast<int>(randomNumber(random, 7)));
-    const std::string   first  = randomAddress(random);
-    const bool          subnet = type == HOST_SUBNET_LENGTH || type == HOST_SUBNET_MASK;
-    if (subnet && family == HOST_INETANY)
-        return HostSelector(family, HOST_SINGLE, first, ""); // no document can hold such a subnet
-    if (type == HOST_SUBNET_LENGTH) {
-        const unsigned int length = randomNumber(random, 1) == 0 ? randomNumber(random, 130) : random() & 0xFFFFFFFFU;
-        return HostSelector(family, type, first, static_cast<int>(length));
-    }
-    if (type == HOST_SUBNET_MASK)
-        return HostSelector(family, type, first, randomMask(random, family));
-    if (type == HOST_RANGE)
-        return HostSelector(family, type, first, randomAddress(random));
-    return HostSelector(family, type, type == HOST_SINGLE ? first : "", "");
-}
-
 TEST(HostSelectorText, OfEverySelectorThatADocumentCanHoldGivesItBack)
 {
     std::mt19937 random(2);
@@ -285,13 +248,8 @@ TEST(ProtocolSelectorText, OfEverySelectorThatADocumentCanHoldGivesItBack)
 {
     std::mt19937 random(3);
     for (int i = 0; i < 20000; ++i) {
-        const bool any      = randomNumber(random, 4) == 0;
-        const auto number16 = [&] { return static_cast<unsigned short>(any ? 0 : randomNumber(random, 0xFFFF)); };
-        const auto protocol = static_cast<unsigned short>(any ? 0 : 1 + randomNumber(random, 0xFFFE));
-        const ProtocolSelector selector(randomNumber(random, 2) == 0 ? "Protocol" : randomText(random), protocol,
-                                        number16(), number16(), Direction(static_cast<int>(randomNumber(random, 2))),
-                                        randomNumber(random, 1) == 0);
-        const std::string      text = textOf(selector);
+        const ProtocolSelector selector = randomProtocolSelector(random);
+        const std::string      text     = textOf(selector);
         ASSERT_EQ(fieldsOf(readProtocolSelector(text)), fieldsOf(selector)) << text;
     }
 }

@@ -45,7 +45,7 @@ TEST(Show, AnEmptyConfigurationHasFourEmptySections)
                                                       "Policies: none (next ID 1)\n"));
 }
 
-TEST(Show, EverySelectorTypeOfHostsReadsAsAdministratorsWriteIt)
+TEST(Show, EverySelectorTypeOfHostsReadsAsInEditCommands)
 {
     const std::string selectors = host("AF_INET", "NONE", "") + host("AF_INET", "SINGLE", "<addr1>10.0.0.1</addr1>") +
                                   host("AF_INET", "RANGE", "<addr1>10.0.0.1</addr1><addr2>10.0.0.9</addr2>") +
@@ -57,15 +57,15 @@ TEST(Show, EverySelectorTypeOfHostsReadsAsAdministratorsWriteIt)
                                               entry("hostGroup", 12, group("hostGroup", "", "", "")))),
               R"(Host groups: 2 (next ID 13)
 
-ID  NAME       HOSTS                           DESCRIPTION
- 7  Many       IPv4 no host                    All
-               IPv4 10.0.0.1
-               IPv4 10.0.0.1 - 10.0.0.9
-               IPv4 10.2.0.0 mask 255.255.0.0
-               IPv4 broadcast, multicast
-               IPv6 2001:db8::/48
-               IPv6 any host
-               IP local subnets
+ID  NAME       HOSTS                 DESCRIPTION
+ 7  Many       none4                 All
+               10.0.0.1
+               10.0.0.1-10.0.0.9
+               10.2.0.0/255.255.0.0
+               mcast4
+               2001:db8::/48
+               any6
+               local
 12  (no name)  (nothing)
 )");
 }
@@ -84,12 +84,12 @@ TEST(Show, ProtocolSelectorsTellDirectionPortsAndMirroring)
                       document("", entry("protocolGroup", 1, group("protocolGroup", "Mixed", "d", selectors)))),
               R"(Protocol groups: 1 (next ID 2)
 
-ID  NAME   TRAFFIC                        DESCRIPTION
- 1  Mixed  in/out UDP to 67 from 68       d
-           Other: in protocol 253 from 9
-           Web: out TCP to 443, mirrored
-           Ping: in ICMP
-           in any protocol, mirrored
+ID  NAME   TRAFFIC                         DESCRIPTION
+ 1  Mixed  udp/67 from 68 in/out           d
+           253 from 9 in named Other
+           tcp/443 out mirrored named Web
+           icmp in named Ping
+           any in mirrored
 )");
 }
 
@@ -98,13 +98,13 @@ TEST(Show, BuiltInEntriesAreMarked)
     const Outcome starter = run({"new"});
     EXPECT_THAT(section("Protocol groups", starter.out), testing::StartsWith(R"(Protocol groups: 2 (next ID 3)
 
-ID  NAME             TRAFFIC                           DESCRIPTION
- 1  All              in any protocol, mirrored         This group includes all
-    [built-in]                                         protocols and packets.
- 2  System Services  in UDP to 500 from 500, mirrored  This group matches all
-    [built-in]       out UDP to 67 from 68, mirrored   protocols required for
-                     out TCP to 53, mirrored           basic network services
-                     out UDP to 53, mirrored           such as DHCP and DNS.
+ID  NAME             TRAFFIC                       DESCRIPTION
+ 1  All              any in mirrored               This group includes all
+    [built-in]                                     protocols and packets.
+ 2  System Services  udp/500 from 500 in mirrored  This group matches all
+    [built-in]       udp/67 from 68 out mirrored   protocols required for basic
+                     tcp/53 out mirrored           network services such as DHCP
+                     udp/53 out mirrored           and DNS.
 )"));
     EXPECT_THAT(section("Actions", starter.out), testing::StartsWith(R"(Actions: 4 (next ID 5)
 

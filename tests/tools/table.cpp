@@ -119,6 +119,18 @@ TEST(Table, NeverBreaksAHeadingInAWordFromFortyColumnsOn)
     }
 }
 
+TEST(Table, BreaksNamesRatherThanAddresses)
+{
+    Table table({{"ID", Table::Kind::NUMBER}, {"NAME", Table::Kind::TEXT}, {"HOSTS", Table::Kind::LONG_WORDS}});
+    table.cell("8");
+    table.cell("IPv4 Broadcast or Multicast");
+    table.cell("10.10.4.192/255.255.255.224");
+    EXPECT_EQ(textIn(table, 57), R"(ID  NAME                      HOSTS
+ 8  IPv4 Broadcast or         10.10.4.192/255.255.255.224
+      Multicast
+)");
+}
+
 TEST(Table, OfTwoColumnsKeepsThem)
 {
     Table table({{"FIELD", Table::Kind::TEXT}, {"VALUE", Table::Kind::PROSE}});

@@ -7,6 +7,7 @@
 #include "objects.h"
 #include "options.h"
 #include "references.h"
+#include "selector_text.h"
 
 #include <CLI/CLI.hpp>
 
@@ -48,8 +49,8 @@ void describeLabel(const Group& group, Lines& lines)
             lines.end();
             return;
         }
-        describe(selector, lines);
-        lines.end();
+        lines << textOf(selector);
+        lines.endPrintable();
         --left;
     }
 }

@@ -105,7 +105,7 @@ const Command SHOW_COMMAND = {
     "One object is shown with all fields that the document has of it, under the\n"
     "document's own tags, and with the policies that use it. A name of digits is\n"
     "given as name=7. '!! missing' marks IDs that nothing has, [built-in] what the\n"
-    "library made.\n\n"
+    "library made. Selectors are spelt as edit takes them.\n\n"
     "Tables are as wide as the terminal at most, or as the variable COLUMNS says:\n"
     "longer texts are wrapped, never cut, and what is too narrow for columns stands\n"
     "below each other. Elsewhere they are 80 columns wide. Colours are for terminals\n"

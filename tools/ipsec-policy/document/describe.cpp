@@ -10,33 +10,6 @@ using namespace ipsecimpl;
 
 namespace {
 
-const char* familyName(const AddressFamily& family)
-{
-    if (family == HOST_INET)
-        return "IPv4 ";
-    return family == HOST_INET6 ? "IPv6 " : "IP ";
-}
-
-const char* protocolName(unsigned short protocol)
-{
-    static const struct {
-        unsigned short number;
-        const char*    name;
-    } NAMES[] = {{0, "any protocol"}, {1, "ICMP"}, {6, "TCP"},     {17, "UDP"},  {47, "GRE"},
-                 {50, "ESP"},         {51, "AH"},  {58, "ICMPv6"}, {89, "OSPF"}, {132, "SCTP"}};
-    for (const auto& entry : NAMES)
-        if (entry.number == protocol)
-            return entry.name;
-    return nullptr;
-}
-
-const char* directionName(const Direction& direction)
-{
-    if (direction == PROTO_IN)
-        return "in ";
-    return direction == PROTO_OUT ? "out " : "in/out ";
-}
-
 std::string_view orEmpty(const std::string& text)
 {
     return text.empty() ? std::string_view(EMPTY) : text;
@@ -120,46 +93,6 @@ void describe(const MKM& key, bool showKeys, Lines& lines)
 }
 
 } // namespace
-
-void describe(const HostSelector& selector, Lines& lines)
-{
-    lines << familyName(selector.family);
-    const AddressType& type = selector.selectorType;
-    if (type == HOST_SINGLE)
-        lines << selector.addr1;
-    else if (type == HOST_RANGE)
-        lines << selector.addr1 << " - " << selector.addr2;
-    else if (type == HOST_SUBNET_LENGTH)
-        lines << selector.addr1 << '/' << selector.length;
-    else if (type == HOST_SUBNET_MASK)
-        lines << selector.addr1 << " mask " << selector.addr2;
-    else if (type == HOST_LOCAL)
-        lines << "local subnets";
-    else if (type == HOST_ANY)
-        lines << "any host";
-    else if (type == HOST_MCAST)
-        lines << "broadcast, multicast";
-    else
-        lines << "no host";
-}
-
-void describe(const ProtocolSelector& selector, Lines& lines)
-{
-    if (!selector.name.empty() && selector.name != "Protocol")
-        lines << selector.name << ": ";
-    lines << directionName(selector.direction);
-    if (const char* const name = protocolName(selector.protocol); name != nullptr)
-        lines << name;
-    else
-        lines << "protocol " << selector.protocol;
-    // The ports mean nothing without a protocol.
-    if (selector.protocol != 0 && selector.dstPort != 0)
-        lines << " to " << selector.dstPort;
-    if (selector.protocol != 0 && selector.srcPort != 0)
-        lines << " from " << selector.srcPort;
-    if (selector.mirrored)
-        lines << ", mirrored";
-}
 
 void describeMode(const IPsecAction& action, Lines& lines)
 {

@@ -7,14 +7,6 @@
 #include "lines.h"
 
 #include <ipsecimpl/actions.h>
-#include <ipsecimpl/selectors.h>
-
-/// Adds to a line, such as "IPv4 10.2.0.0/16". "IP" stands for both families.
-void describe(const ipsecimpl::HostSelector& selector, Lines& lines);
-
-/// Adds to a line, such as "out UDP to 67 from 68, mirrored", with the selector's name in front unless it is the
-/// library's own.
-void describe(const ipsecimpl::ProtocolSelector& selector, Lines& lines);
 
 /// Adds to a line what the action does, and where to.
 void describeMode(const ipsecimpl::IPsecAction& action, Lines& lines);

@@ -1,16 +1,14 @@
 #include "selector_text.h"
 
+#include "address.h"
 #include "edit_words.h"
 #include "enum_text.h"
 #include "plain_number.h"
 #include "text.h"
 
-#include <array>
 #include <cstddef>
 #include <optional>
 #include <vector>
-
-#include <arpa/inet.h>
 
 using namespace ipsecimpl;
 
@@ -29,50 +27,11 @@ const Symbol SYMBOLS[] = {
     {"none", HOST_INETANY, HOST_NONE},   {"none4", HOST_INET, HOST_NONE},   {"none6", HOST_INET6, HOST_NONE},
 };
 
-/// An address as the network knows it, or a netmask.
-struct Address {
-    AddressFamily                 family;
-    std::array<unsigned char, 16> bytes;
-
-    int bits() const { return family == HOST_INET ? 32 : 128; }
-};
-
-std::optional<Address> addressIn(const std::string& text)
-{
-    if (text.find('\0') != std::string::npos) // where a C string ends
-        return std::nullopt;
-    Address address{HOST_INET, {}};
-    if (inet_pton(AF_INET, text.c_str(), address.bytes.data()) == 1)
-        return address;
-    address.family = HOST_INET6;
-    if (inet_pton(AF_INET6, text.c_str(), address.bytes.data()) == 1)
-        return address;
-    return std::nullopt;
-}
-
-const char* nameOf(const AddressFamily& family)
-{
-    return family == HOST_INET ? "IPv4" : "IPv6";
-}
-
 Address requiredAddress(const std::string& text)
 {
     if (const std::optional<Address> address = addressIn(text))
         return *address;
     throw commandFailure('\'' + printable(text) + "' is not an IPv4 or IPv6 address");
-}
-
-/// Whether the mask is ones and then zeros.
-bool hasHoles(const Address& mask)
-{
-    bool ended = false;
-    for (int bit = 0; bit < mask.bits(); ++bit) {
-        const bool one = (mask.bytes[static_cast<std::size_t>(bit / 8)] >> (7 - bit % 8) & 1) != 0;
-        if (one && ended)
-            return true;
-        ended = !one;
-    }
-    return false;
 }
 
 HostSelector readRange(const std::string& text, std::size_t dash)
@@ -100,13 +59,13 @@ HostSelector readSubnet(const std::string& text, std::size_t slash)
         const std::optional<Address> mask = addressIn(extent);
         if (!mask || mask->family != family)
             throw commandFailure(wrong + "what follows the / is no " + nameOf(family) + " netmask");
-        if (hasHoles(*mask))
+        if (!lengthOf(*mask))
             throw commandFailure(wrong + "the netmask has holes");
         return HostSelector(family, HOST_SUBNET_MASK, subnet, extent);
     }
     const auto length = plainNumber(extent);
-    if (!length || *length < 0 || *length > address.bits())
-        throw commandFailure(wrong + "a prefix of " + nameOf(family) + " has 0 to " + std::to_string(address.bits()) +
+    if (!length || *length < 0 || *length > bitsOf(family))
+        throw commandFailure(wrong + "a prefix of " + nameOf(family) + " has 0 to " + std::to_string(bitsOf(family)) +
                              " bits");
     return HostSelector(family, HOST_SUBNET_LENGTH, subnet, static_cast<int>(*length));
 }
@@ -166,11 +125,35 @@ HostSelector readExplicit(const std::vector<std::string_view>& words)
     return HostSelector(family, type, texts[0], static_cast<int>(*length));
 }
 
-std::string plainText(const HostSelector& selector)
+const char* symbolOf(const HostSelector& selector)
 {
     for (const Symbol& symbol : SYMBOLS)
         if (selector.family == symbol.family && selector.selectorType == symbol.type)
             return symbol.word;
+    return nullptr;
+}
+
+/// Whether the selector is one that the spelling of one word may mean. It is what the reader of that lets pass: to have
+/// the text read again would take too long for the many of a large configuration.
+bool isPlain(const HostSelector& selector)
+{
+    const AddressFamily& family = selector.family;
+    if (family == HOST_INETANY)
+        return false;
+    const std::optional<Address> first = addressIn(selector.addr1, family);
+    if (!first)
+        return false;
+    if (selector.selectorType == HOST_SUBNET_LENGTH)
+        return selector.length >= 0 && selector.length <= bitsOf(family);
+    if (selector.selectorType == HOST_SINGLE)
+        return true;
+    const std::optional<Address> second = addressIn(selector.addr2, family);
+    return second &&
+           (selector.selectorType == HOST_RANGE ? first->bytes <= second->bytes : lengthOf(*second).has_value());
+}
+
+std::string plainText(const HostSelector& selector)
+{
     if (selector.selectorType == HOST_SUBNET_LENGTH)
         return selector.addr1 + '/' + std::to_string(selector.length);
     if (selector.selectorType == HOST_SUBNET_MASK)
@@ -191,23 +174,13 @@ std::string explicitText(const HostSelector& selector)
     return text;
 }
 
-bool isSame(const HostSelector& a, const HostSelector& b)
-{
-    return a.compare(b) == 0; // unlike the operator, this looks at the length too
-}
-
 } // namespace
 
 std::string textOf(const HostSelector& selector)
 {
-    std::string text = plainText(selector);
-    try {
-        if (isSame(readHostSelector(text), selector))
-            return text;
-    } catch (const Failure&) {
-        // Addresses that are none, or the like.
-    }
-    return explicitText(selector);
+    if (const char* const symbol = symbolOf(selector); symbol != nullptr)
+        return symbol;
+    return isPlain(selector) ? plainText(selector) : explicitText(selector);
 }
 
 HostSelector readHostSelector(std::string_view text)

@@ -4,6 +4,7 @@
 #include "field_visitor.h"
 #include "overview.h"
 #include "references.h"
+#include "selector_text.h"
 #include "table.h"
 #include "terminal.h"
 
@@ -106,8 +107,9 @@ class FieldTable : public FieldVisitor {
     void beginSelector(const Selector& selector)
     {
         addTag("");
-        describe(selector, table_.lines());
-        endValue();
+        table_.lines() << textOf(selector);
+        table_.lines().endPrintable();
+        table_.endCell();
         open_.push_back({});
         ++depth_;
     }

@@ -2,6 +2,7 @@
 
 #include "describe.h"
 #include "references.h"
+#include "selector_text.h"
 #include "table.h"
 #include "terminal.h"
 
@@ -53,8 +54,8 @@ void Overview::appendGroups(Blocks& out, Kind kind, const Table::Column& content
         table.cell(id);
         addNameCell(table, group.name, isBuiltIn(group));
         for (const auto& selector : group.selectors) {
-            describe(selector, table.lines());
-            table.lines().end();
+            table.lines() << textOf(selector);
+            table.lines().endPrintable();
         }
         if (group.selectors.empty()) {
             table.lines() << "(nothing)";

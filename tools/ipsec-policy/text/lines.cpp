@@ -39,12 +39,8 @@ Lines& Lines::hex(unsigned long number)
 
 void Lines::end(bool marked)
 {
-    std::string_view line = text_.last(length_);
-    while (!line.empty() && line.back() == ' ') {
-        line.remove_suffix(1);
-        text_.removeLast(1);
-    }
-    std::size_t columns = line.size();
+    std::string_view line    = lastWithoutBlanks();
+    std::size_t      columns = line.size();
     if (!isPlain_) {
         const std::string shown = printable(line);
         columns                 = columnsOf(shown);
@@ -52,6 +48,27 @@ void Lines::end(bool marked)
         text_.append(shown);
         line = text_.last(shown.size());
     }
+    keep(line, columns, marked);
+}
+
+void Lines::endPrintable()
+{
+    const std::string_view line = lastWithoutBlanks();
+    keep(line, isPlain_ ? line.size() : columnsOf(line), false);
+}
+
+std::string_view Lines::lastWithoutBlanks()
+{
+    std::string_view line = text_.last(length_);
+    while (!line.empty() && line.back() == ' ') {
+        line.remove_suffix(1);
+        text_.removeLast(1);
+    }
+    return line;
+}
+
+void Lines::keep(std::string_view line, std::size_t columns, bool marked)
+{
     lines_.emplace_back(line, columns, marked);
     length_  = 0;
     isPlain_ = true;

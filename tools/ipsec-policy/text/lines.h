@@ -38,6 +38,9 @@ class Lines {
     /// Ends the line, without the blanks at its end. A marked one is to catch the eye.
     void end(bool marked = false);
 
+    /// The same of a line whose texts are fit for a terminal already: nothing in them is escaped once more.
+    void endPrintable();
+
     std::size_t count() const { return lines_.size(); }
 
     std::string_view text(std::size_t line) const { return {lines_[line].begin, lines_[line].length}; }
@@ -67,6 +70,9 @@ class Lines {
         length_ += text.size();
         return *this;
     }
+
+    std::string_view lastWithoutBlanks();
+    void             keep(std::string_view line, std::size_t columns, bool marked);
 
     Blocks            text_;
     std::vector<Line> lines_;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace {
 
@@ -99,10 +100,15 @@ std::vector<std::size_t> Table::columnWidths(std::size_t width) const
         w = std::min(w, most);
 
     for (std::size_t sum = std::accumulate(widths.begin(), widths.end(), std::size_t{0}); sum > most; --sum) {
+        // How much more a column has than it needs at least; between equal ones, how wide it is.
+        const auto excess = [&](std::size_t i) {
+            const std::size_t needed = leastWidth(kinds_[i]);
+            return std::make_pair(widths[i] - std::min(widths[i], needed), widths[i]);
+        };
         std::size_t widest = 0;
         std::size_t prose  = kinds_.size();
         for (std::size_t i = 0; i < kinds_.size(); ++i) {
-            if (widths[i] > widths[widest])
+            if (excess(i) > excess(widest))
                 widest = i;
             if (kinds_[i] == Kind::PROSE && widths[i] > least)
                 prose = i;

@@ -27,5 +27,14 @@ std::string_view withoutPrefix(std::string_view key)
 
 bool isHexadecimal(std::string_view key)
 {
-    return !key.empty() && key.find_first_not_of("0123456789abcdefABCDEF") == std::string_view::npos;
+    // Keys are most of what is looked at in a configuration. Digits and letters come in no order that a processor could
+    // foresee, so there is no branch here.
+    unsigned int others = 0;
+    for (const char c : key) {
+        const auto         byte   = static_cast<unsigned char>(c);
+        const unsigned int digit  = byte - static_cast<unsigned int>('0');
+        const unsigned int letter = (byte | 0x20U) - static_cast<unsigned int>('a');
+        others |= static_cast<unsigned int>(digit > 9) & static_cast<unsigned int>(letter > 5);
+    }
+    return !key.empty() && others == 0;
 }

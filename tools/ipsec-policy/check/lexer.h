@@ -4,6 +4,7 @@
 /// \file
 /// The elements of a document that loads, where they stand.
 
+#include "load_message.h"
 #include "span.h"
 
 #include <cstddef>
@@ -25,11 +26,6 @@ struct Leaf {
     bool        isTrimmed = false; ///< there is such white space
     std::size_t end       = 0;     ///< behind the element
 };
-
-constexpr bool isWhiteSpace(char c)
-{
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
 
 /// Goes through a document from a place between two tags on. White space there is skipped.
 ///

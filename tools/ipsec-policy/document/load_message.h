@@ -13,6 +13,11 @@
 /// What the parser skips between elements.
 inline constexpr char WHITE_SPACE[] = " \t\n\v\f\r";
 
+constexpr bool isWhiteSpace(char c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
 /// Where a parser gave up.
 struct Place {
     std::string_view document;

@@ -8,11 +8,6 @@ using namespace ipsecimpl;
 
 namespace {
 
-bool isWhite(char c)
-{
-    return std::string_view(WHITE_SPACE).find(c) != std::string_view::npos;
-}
-
 const char* obstacleIn(const HostSelector& selector)
 {
     const char* const first = obstacleToStoring(std::string_view(selector.addr1));
@@ -40,7 +35,7 @@ const char* obstacleToStoring(std::string_view text)
 {
     if (text.find('<') != std::string_view::npos)
         return "a document cannot hold a text with '<' in it";
-    if (!text.empty() && (isWhite(text.front()) || isWhite(text.back())))
+    if (!text.empty() && (isWhiteSpace(text.front()) || isWhiteSpace(text.back())))
         return "a document cannot hold a text with white space at an end";
     return nullptr;
 }

@@ -2,15 +2,6 @@
 
 #include "load_message.h"
 
-namespace {
-
-bool isWhiteSpace(char c)
-{
-    return std::string_view(WHITE_SPACE).find(c) != std::string_view::npos;
-}
-
-} // namespace
-
 bool holdsMarkup(std::string_view text)
 {
     return text.find('<') != std::string_view::npos;

@@ -208,9 +208,8 @@ Span excerptSpan(std::string_view document, Span what, std::size_t width)
     return {begin, end - begin};
 }
 
-Excerpt excerptOf(std::string_view document, Span what, const std::vector<Span>& hidden, std::size_t width)
+Excerpt excerptOf(std::string_view document, Span span, Span what, const std::vector<Span>& hidden, std::size_t width)
 {
-    const Span span   = excerptSpan(document, what, width);
     const bool isPart = isClippedBefore(document, span) || isClippedBehind(document, span);
     if (!isPart && span.length <= width && isPlain(span.in(document)) && !holdsAny(hidden, span))
         return plainExcerpt(span.in(document), what.offset - span.offset, what.length);

@@ -1,12 +1,15 @@
 #include "check_report.h"
 #include "excerpt.h"
 #include "hidden.h"
+#include "line_secrets.h"
 #include "position.h"
 #include "terminal.h"
 #include "text.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace {
@@ -14,6 +17,9 @@ namespace {
 const char        INDENT[]          = "    ";
 const char        MARGIN[]          = " | ";
 const std::size_t LINE_NUMBER_WIDTH = 6;
+
+// So much is put together before it is written.
+const std::size_t BLOCK = 64 * 1024;
 
 // Nobody reads more of a line, however wide the terminal is.
 const std::size_t GREATEST_EXCERPT = 200;
@@ -51,13 +57,23 @@ class TextReport : public Report {
 
   private:
     void addHeading(const Finding& finding, const std::string& fileName, const Position& position);
-    void addExcerpt(const Excerpt& excerpt, const std::string& lineNumber, Level level);
+    void addExcerpt(const std::string& document, const Finding& finding, std::size_t line, LineSecrets* secrets);
     void addMessage(const Finding& finding);
+    void addLines(const Finding& finding);
+    void flush();
+
+    /// A message as it is laid out.
+    struct Paragraph {
+        std::string message;
+        std::string lines;
+    };
 
     StandardOutput& out_;
     bool            showsKeys_;
     std::size_t     width_;
-    std::string     text_; // of one finding
+    std::string     text_; // of some findings
+
+    std::unordered_map<const Rule*, Paragraph> paragraphs_; // the last of each
 
     // Kept to use their memory again.
     std::string              place_;
@@ -67,28 +83,27 @@ class TextReport : public Report {
 
 void TextReport::add(const CheckedFile& file)
 {
-    std::vector<Span> hidden;
-    if (file.source && !file.findings.empty() && !showsKeys_)
-        hidden = secretsOf(*file.source);
-
-    const std::string name = shownName(file);
-    PositionCounter   counter(file.text);
+    const std::string          name = shownName(file);
+    PositionCounter            counter(file.text);
+    std::optional<LineSecrets> secrets;
+    if (file.source)
+        secrets.emplace(*file.source);
     for (const Finding& finding : file.findings) {
         const Position position = counter.at(finding.offset);
-        text_.clear();
         addHeading(finding, name, position);
-        if (finding.isLocated) {
-            const Span        what   = {finding.offset, finding.length};
-            const std::string number = aligned(position.line);
-            const std::size_t margin = number.size() + sizeof MARGIN - 1;
-            const std::size_t width  = std::clamp(width_ - std::min(width_, margin), LEAST_EXCERPT, GREATEST_EXCERPT);
-            if (!file.source && !showsKeys_)
-                hidden = hiddenInBroken(file.text, excerptSpan(file.text, what, width));
-            addExcerpt(excerptOf(file.text, what, hidden, width), number, finding.rule->level);
-        }
+        if (finding.isLocated)
+            addExcerpt(file.text, finding, position.line, secrets ? &*secrets : nullptr);
         addMessage(finding);
-        out_.write(text_);
+        if (text_.size() >= BLOCK)
+            flush();
     }
+    flush();
+}
+
+void TextReport::flush()
+{
+    out_.write(text_);
+    text_.clear();
 }
 
 void TextReport::addHeading(const Finding& finding, const std::string& fileName, const Position& position)
@@ -104,21 +119,50 @@ void TextReport::addHeading(const Finding& finding, const std::string& fileName,
     appendColoured(text_, wordOf(rule.level), colourOf(rule.level));
     (text_ += ": ") += rule.code;
     if (!finding.isAboutFile)
-        (text_ += ": ") += textOf(finding.path);
+        appendText(text_ += ": ", finding.path);
     text_ += '\n';
 }
 
-void TextReport::addExcerpt(const Excerpt& excerpt, const std::string& lineNumber, Level level)
+/// `secrets` are those of a document that loads; else it is null.
+void TextReport::addExcerpt(const std::string& document, const Finding& finding, std::size_t line, LineSecrets* secrets)
 {
+    const Span        what   = {finding.offset, finding.length};
+    const std::string number = aligned(line);
+    const std::size_t margin = number.size() + sizeof MARGIN - 1;
+    const std::size_t width  = std::clamp(width_ - std::min(width_, margin), LEAST_EXCERPT, GREATEST_EXCERPT);
+    const Span        shown  = excerptSpan(document, what, width);
+
+    std::vector<Span>        hiddenHere;
+    const std::vector<Span>* hidden = &hiddenHere;
+    if (!showsKeys_ && secrets != nullptr)
+        hidden = &secrets->in(shown, what);
+    else if (!showsKeys_)
+        hiddenHere = hiddenInBroken(document, shown);
+
+    const Excerpt excerpt = excerptOf(document, shown, what, *hidden, width);
     if (excerpt.line.empty())
         return;
-    (((text_ += lineNumber) += MARGIN) += excerpt.line) += '\n';
-    text_.append(lineNumber.size(), ' ') += MARGIN;
-    appendColoured(text_, excerpt.marks, colourOf(level));
+    (((text_ += number) += MARGIN) += excerpt.line) += '\n';
+    text_.append(number.size(), ' ') += MARGIN;
+    appendColoured(text_, excerpt.marks, colourOf(finding.rule->level));
     text_ += '\n';
 }
 
+/// Most rules have one message, and it always takes the same lines.
 void TextReport::addMessage(const Finding& finding)
+{
+    Paragraph& last = paragraphs_[finding.rule];
+    if (!last.lines.empty() && last.message == finding.message) {
+        text_ += last.lines;
+        return;
+    }
+    const std::size_t begin = text_.size();
+    addLines(finding);
+    last.message = finding.message;
+    last.lines.assign(text_, begin);
+}
+
+void TextReport::addLines(const Finding& finding)
 {
     message_ = INDENT;
     message_ += finding.message;

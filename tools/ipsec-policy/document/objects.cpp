@@ -76,12 +76,18 @@ Kind kindNamed(std::string_view word)
 
 std::string textOf(const ObjectPath& path)
 {
-    std::string text = wordsOf(path.kind).collection;
-    if (path.id != 0)
-        text += '/' + std::to_string(path.id);
-    if (!path.field.empty())
-        text += '/' + path.field;
+    std::string text;
+    appendText(text, path);
     return text;
+}
+
+void appendText(std::string& text, const ObjectPath& path)
+{
+    text += wordsOf(path.kind).collection;
+    if (path.id != 0)
+        (text += '/') += std::to_string(path.id);
+    if (!path.field.empty())
+        (text += '/') += path.field;
 }
 
 unsigned int findObject(Kind kind, std::string_view reference, const std::function<bool(unsigned int)>& exists,

@@ -49,6 +49,9 @@ struct ObjectPath {
 /// Such as "policies/3/actionID", or "policies/nextpolicy".
 std::string textOf(const ObjectPath& path);
 
+/// Appends the same to `text`.
+void appendText(std::string& text, const ObjectPath& path);
+
 /// What the collection of `kind` is. `visit` takes any of the four.
 template <class Config, class Visitor>
 decltype(auto) withCollection(Config& config, Kind kind, const Visitor& visit)

@@ -8,17 +8,22 @@
 
 namespace {
 
+const char STANDARD_OUTPUT[] = "standard output";
+
 const std::size_t BLOCK = 64 * 1024;
 
 } // namespace
 
 void StandardOutput::write(std::string_view text)
 {
-    pending_ += text;
-    if (pending_.size() >= BLOCK) {
-        writeAll(STDOUT_FILENO, pending_, "standard output");
-        pending_.clear();
+    if (pending_.size() + text.size() < BLOCK) {
+        pending_ += text;
+        return;
     }
+    if (!pending_.empty())
+        writeAll(STDOUT_FILENO, pending_, STANDARD_OUTPUT);
+    pending_.clear();
+    writeAll(STDOUT_FILENO, text, STANDARD_OUTPUT);
 }
 
 void StandardOutput::close()

@@ -1,0 +1,102 @@
+#include "line_secrets.h"
+
+#include "hidden.h"
+#include "leaf_words.h"
+#include "lexer.h"
+#include "number_text.h"
+
+#include <string_view>
+
+namespace {
+
+enum class LineKind { TAG, LEAF, OTHER };
+
+bool isInName(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+}
+
+/// A line, of which it is not known yet whether what looks like a tag in it is one.
+class Line {
+  public:
+    Line(std::string_view document, Span line)
+        : document_(document)
+        , text_(line.in(document))
+        , offset_(line.offset)
+    {
+        while (begin_ < text_.size() && isWhiteSpace(text_[begin_]))
+            ++begin_;
+        if (begin_ == text_.size() || text_[begin_] != '<')
+            return;
+        std::size_t end = begin_ + 1;
+        while (end < text_.size() && isInName(text_[end]))
+            ++end;
+        if (end == text_.size() || text_[end] != '>')
+            return;
+        name_ = text_.substr(begin_ + 1, end - begin_ - 1);
+        body_ = end + 1;
+    }
+
+    /// The name in the tag at its start, if there is one and it is no more than that.
+    std::string_view name() const { return name_; }
+
+    LineKind kindWith(Span what) const
+    {
+        if (name_.empty())
+            return LineKind::OTHER;
+        // An attribute's value can look like this too, but comes behind another character.
+        if (what.offset == offset_ + begin_ && followsTag())
+            return body_ == text_.size() || endsAt(body_) ? LineKind::TAG : LineKind::OTHER;
+        // Behind a '>' there is no value, and no other piece of a text begins so.
+        const bool isWhole = what.offset == offset_ + body_ && what.length > 0 && endsAt(what.end() - offset_);
+        return isWhole && text_[body_] != '&' ? LineKind::LEAF : LineKind::OTHER;
+    }
+
+  private:
+    /// Is this the end tag, and the end of the line?
+    bool endsAt(std::size_t place) const
+    {
+        const std::string_view rest = text_.substr(place);
+        return rest.size() == name_.size() + 3 && rest.substr(0, 2) == "</" && rest.back() == '>' &&
+               rest.substr(2, name_.size()) == name_;
+    }
+
+    /// Is there another tag before it, white space aside?
+    bool followsTag() const
+    {
+        std::size_t before = offset_ + begin_;
+        while (before > 0 && isWhiteSpace(document_[before - 1]))
+            --before;
+        return before > 0 && document_[before - 1] == '>';
+    }
+
+    std::string_view document_;
+    std::string_view text_;
+    std::size_t      offset_;
+    std::size_t      begin_ = 0; ///< of the tag
+    std::size_t      body_  = 0; ///< what comes behind it
+    std::string_view name_;
+};
+
+} // namespace
+
+const std::vector<Span>& LineSecrets::in(Span line, Span what)
+{
+    if (all_)
+        return *all_;
+    const std::string_view document = source_.document();
+    const Line             start(document, line);
+    const LineKind         kind = start.kindWith(what);
+    ownOfLine_.clear();
+    if (kind == LineKind::TAG)
+        return ownOfLine_;
+    if (kind == LineKind::LEAF && isSecretTag(start.name())) {
+        ownOfLine_.push_back(what);
+        return ownOfLine_;
+    }
+    // What stands in place of a number can be a key.
+    if (kind == LineKind::LEAF && (!isNumberTag(start.name()) || isPrintableNumber(what.in(document))))
+        return ownOfLine_;
+    all_ = secretsOf(source_);
+    return *all_;
+}

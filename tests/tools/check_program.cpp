@@ -5,6 +5,7 @@
 #include "program.h"
 #include "rules.h"
 #include "support/golden.h"
+#include "sarif_log.h"
 
 #include <gmock/gmock.h>
 
@@ -154,7 +155,9 @@ TEST_F(CheckProgram, ReportsTheSameToScripts)
 {
     for (const auto& [code, finder] : allFinders()) {
         EXPECT_THAT(check(finder, "--json").out, HasSubstr("\"code\": \"" + code + "\"")) << code;
-        EXPECT_THAT(check(finder, "--sarif").out, HasSubstr("\"ruleId\": \"" + code + "\"")) << code;
+        const Json sarif = sarifRun(check(finder, "--sarif").out);
+        EXPECT_THAT(sarif["results"].dump(), HasSubstr("\"ruleId\":\"" + code + "\"")) << code;
+        requireRegionsIn(finder.document, sarif);
     }
 }
 

@@ -1,137 +1,24 @@
-// SARIF 2.1.0 says of every object which members it has and what they hold: the report is held against that.
+// SARIF 2.1.0 as check writes it.
 
-#include "json.h"
 #include "program.h"
 #include "rules.h"
+#include "sarif_log.h"
 
 #include <gmock/gmock.h>
 
 #include <filesystem>
-#include <functional>
-#include <map>
-#include <set>
 #include <string>
 
 #include <sys/stat.h>
 
-using testing::ElementsAre;
 using testing::HasSubstr;
 
 namespace {
 
-/// What a member holds; throws if it is something else.
-using Shape = std::function<void(const Json& value, const std::string& where)>;
-
-struct Member {
-    Shape shape;
-    bool  isRequired = false;
-};
-
-void require(bool holds, const std::string& where, const Json& value)
-{
-    if (!holds)
-        throw std::runtime_error(where + " is " + value.dump().substr(0, 200));
-}
-
-Shape object(const std::map<std::string, Member>& members)
-{
-    return [members](const Json& value, const std::string& where) {
-        require(value.is_object(), where, value);
-        for (const auto& [name, member] : members)
-            require(!member.isRequired || value.contains(name), where + " without " + name, value);
-        for (const auto& [name, inner] : value.items()) {
-            require(members.count(name) == 1, where + " with " + name, value);
-            members.at(name).shape(inner, where + '.' + name);
-        }
-    };
-}
-
-Shape list(const Shape& shape)
-{
-    return [shape](const Json& value, const std::string& where) {
-        require(value.is_array(), where, value);
-        for (const Json& member : value)
-            shape(member, where + "[]");
-    };
-}
-
-void text(const Json& value, const std::string& where)
-{
-    require(value.is_string() && !value.get<std::string>().empty(), where, value);
-}
-
-void truth(const Json& value, const std::string& where)
-{
-    require(value.is_boolean(), where, value);
-}
-
-Shape oneOf(const std::set<std::string>& words)
-{
-    return [words](const Json& value, const std::string& where) {
-        require(value.is_string() && words.count(value.get<std::string>()) == 1, where, value);
-    };
-}
-
-/// A whole number, not less than `least`.
-Shape number(int least)
-{
-    return [least](const Json& value, const std::string& where) {
-        require(value.is_number_integer() && value.get<long>() >= least, where, value);
-    };
-}
-
-/// Percent signs begin two digits, and there are no characters that a URI does not have.
-void uriReference(const Json& value, const std::string& where)
-{
-    const std::string uri = value.get<std::string>();
-    require(!uri.empty() && uri.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~"
-                                                  ":/%") == std::string::npos,
-            where, value);
-    for (std::size_t at = uri.find('%'); at != std::string::npos; at = uri.find('%', at + 1))
-        require(uri.substr(at + 1, 2).find_first_not_of("0123456789ABCDEF") == std::string::npos && at + 2 < uri.size(),
-                where, value);
-}
-
-/// The members of the standard that the report has, and which of them the standard requires.
-Shape sarifLog()
-{
-    const Shape message          = object({{"text", {text, true}}});
-    const Shape level            = oneOf({"none", "note", "warning", "error"});
-    const Shape artifactLocation = object({{"uri", {uriReference}}, {"description", {message}}});
-    const Shape region = object({{"startLine", {number(1)}}, {"startColumn", {number(1)}}, {"endColumn", {number(1)}}});
-    const Shape physicalLocation = object({{"artifactLocation", {artifactLocation, true}}, {"region", {region}}});
-    const Shape logicalLocation =
-        object({{"name", {text}}, {"fullyQualifiedName", {text}}, {"kind", {oneOf({"element"})}}});
-    const Shape location =
-        object({{"physicalLocation", {physicalLocation}}, {"logicalLocations", {list(logicalLocation)}}});
-    const Shape result = object({{"ruleId", {text}},
-                                 {"ruleIndex", {number(0)}},
-                                 {"level", {level}},
-                                 {"message", {message, true}},
-                                 {"locations", {list(location)}}});
-    const Shape rule   = object({{"id", {text, true}},
-                                 {"shortDescription", {message}},
-                                 {"help", {message}},
-                                 {"defaultConfiguration", {object({{"level", {level}}})}}});
-    const Shape driver = object({{"name", {text, true}}, {"version", {text}}, {"rules", {list(rule)}}});
-    const Shape notification =
-        object({{"level", {level}}, {"message", {message, true}}, {"locations", {list(location)}}});
-    const Shape invocation =
-        object({{"executionSuccessful", {truth, true}}, {"toolExecutionNotifications", {list(notification)}}});
-    const Shape toolRun = object({{"tool", {object({{"driver", {driver, true}}}), true}},
-                                  {"columnKind", {oneOf({"utf16CodeUnits", "unicodeCodePoints"})}},
-                                  {"results", {list(result)}},
-                                  {"invocations", {list(invocation)}}});
-    return object({{"$schema", {text}}, {"version", {oneOf({"2.1.0"}), true}}, {"runs", {list(toolRun), true}}});
-}
-
 /// The only run of a report, which is as it should be.
 Json runIn(const Outcome& outcome)
 {
-    const Json report = Json::parse(outcome.out);
-    sarifLog()(report, "log");
-    EXPECT_EQ(report["runs"].size(), 1U);
-    return report["runs"][0];
+    return sarifRun(outcome.out);
 }
 
 class CheckSarif : public InFolder {
@@ -247,18 +134,106 @@ TEST_F(CheckSarif, IsUTF8WhateverTheDocumentHolds)
     EXPECT_THAT(all["results"][0]["message"]["text"].get<std::string>(), HasSubstr("\\xff\\x01\"\\\\"));
 }
 
-TEST(CheckSarifShape, RefusesWhatTheStandardDoes)
+TEST_F(CheckSarif, DoublesBracesSoThatNoneStandsForAnArgument)
 {
-    const auto isRefused = [](const char* report) {
-        EXPECT_ANY_THROW(sarifLog()(Json::parse(report), "log")) << report;
+    const std::string text = document(entry("hostGroup", 1, group("hostGroup", "{0} of \xe2\x80\x8b{n}", "", "")));
+    const Json        all  = runIn(run({"check", "--sarif", "-"}, text));
+    ASSERT_EQ(all["results"].size(), 2U);
+    EXPECT_EQ(all["results"][0]["message"]["text"],
+              "No policy uses host group 1 '{{0}} of \\u{{200b}}{{n}}'. Name it in a policy, or remove it.");
+    EXPECT_EQ(all["results"][1]["message"]["text"],
+              "The text holds \\u{{200b}}, which cannot be seen. Write it without.");
+    EXPECT_EQ(
+        runIn(run({"check", "--sarif", "{0}"}))["invocations"][0]["toolExecutionNotifications"][0]["message"]["text"],
+        "{{0}}: No such file or directory");
+}
+
+TEST_F(CheckSarif, SaysThatTheRunSucceededThoughADocumentDoesNotLoad)
+{
+    const Outcome outcome = run({"check", "--sarif", "-"}, "<ipsec>\n<x>");
+    EXPECT_EQ(outcome.status, 1);
+    const Json all = runIn(outcome);
+    EXPECT_EQ(all["results"][0]["ruleId"], "does-not-load");
+    EXPECT_EQ(all["invocations"].dump(), R"([{"executionSuccessful":true,"toolExecutionNotifications":[]}])");
+}
+
+TEST_F(CheckSarif, NeverTakesAFileNameForAScheme)
+{
+    write("c:policy.xml", "");
+    const Json all = runIn(run({"check", "--sarif", "c:policy.xml"}));
+    EXPECT_EQ(all["results"][0]["locations"][0]["physicalLocation"]["artifactLocation"].dump(),
+              R"({"uri":"c%3Apolicy.xml"})");
+}
+
+/// A log that nothing is wrong with, with a piece of it replaced.
+std::string logWith(const std::string& piece, const std::string& other)
+{
+    std::string log =
+        R"({"$schema":"https://x","version":"2.1.0","runs":[{"tool":{"driver":{"name":"x","rules":[{"id":"a",)"
+        R"("defaultConfiguration":{"level":"note"}}]}},"columnKind":"unicodeCodePoints","results":[{)"
+        R"("ruleId":"a","ruleIndex":0,"level":"note","message":{"text":"{{"},"locations":[{)"
+        R"("physicalLocation":{"artifactLocation":{"uri":"a%20b"},"region":{"startLine":1,)"
+        R"("startColumn":2,"endColumn":3}}}]}],"invocations":[{"executionSuccessful":true,)"
+        R"("toolExecutionNotifications":[]}]}]})";
+    log.replace(log.find(piece), piece.size(), other);
+    return log;
+}
+
+TEST(SarifLog, IsRefusedWhereTheStandardDoes)
+{
+    EXPECT_NO_THROW(sarifRun(logWith("", "")));
+    EXPECT_ANY_THROW(sarifRun("{}"));
+    EXPECT_ANY_THROW(sarifRun(R"({"version":"2.1.0"})"));
+    EXPECT_ANY_THROW(sarifRun(R"({"version":"2.1.0","runs":[{}]})"));
+    const struct {
+        const char* piece;
+        const char* other;
+    } FAULTS[] = {
+        {R"("version":"2.1.0",)", ""},
+        {"2.1.0", "2.0.0"},
+        {R"("$schema":"https://x",)", R"("results":[],)"},
+        {"https://x", "x"},
+        {R"("name":"x",)", ""},
+        {R"("name":"x")", R"("name":"")"},
+        {R"("id":"a",)", ""},
+        {R"({"id":"a")", R"({"id":"a","defaultConfiguration":{"level":"note"}},{"id":"a")"},
+        {R"("ruleIndex":0)", R"("ruleIndex":1)"},
+        {R"("ruleIndex":0)", R"("ruleIndex":-1)"},
+        {R"("ruleId":"a")", R"("ruleId":"b")"},
+        {R"("level":"note","message")", R"("level":"error","message")"},
+        {R"("level":"note","message")", R"("level":"fatal","message")"},
+        {R"("message":{"text":"{{"},)", ""},
+        {R"({"text":"{{"})", R"({"text":""})"},
+        {R"({"text":"{{"})", R"({"text":"{0}"})"},
+        {R"({"text":"{{"})", R"({"text":"}"})"},
+        {R"({"uri":"a%20b"})", "{}"},
+        {"a%20b", "a b"},
+        {"a%20b", "a%2"},
+        {"a%20b", "c:a"},
+        {"a%20b", "/a"},
+        {"a%20b", "file://a"},
+        {R"("startLine":1)", R"("startLine":0)"},
+        {R"("startColumn":2)", R"("startColumn":0)"},
+        {R"("startColumn":2)", R"("startColumn":4)"},
+        {R"("endColumn":3)", R"("endColumn":3.5)"},
+        {R"("endColumn":3)", R"("lastColumn":3)"},
+        {"unicodeCodePoints", "bytes"},
+        {R"("executionSuccessful":true,)", ""},
+        {R"("executionSuccessful":true)", R"("executionSuccessful":false)"},
+        {R"("runs":[{)", R"("runs":[{"tool":{"driver":{"name":"x"}}},{)"},
     };
-    isRefused("{}");
-    isRefused(R"({"version":"2.1.0"})");
-    isRefused(R"({"version":"2.0.0","runs":[]})");
-    isRefused(R"({"version":"2.1.0","runs":[{}]})");
-    isRefused(R"({"version":"2.1.0","runs":[],"results":[]})");
-    isRefused(R"({"version":"2.1.0","runs":[{"tool":{"driver":{"name":"x"}},"results":[{}]}]})");
-    EXPECT_NO_THROW(sarifLog()(Json::parse(R"({"version":"2.1.0","runs":[{"tool":{"driver":{"name":"x"}}}]})"), "log"));
+    for (const auto& fault : FAULTS)
+        EXPECT_ANY_THROW(sarifRun(logWith(fault.piece, fault.other))) << fault.piece << " -> " << fault.other;
+}
+
+TEST(SarifLog, HasNoRegionBeyondTheDocument)
+{
+    const Json log = sarifRun(logWith("", ""));
+    EXPECT_NO_THROW(requireRegionsIn("ab", log));
+    EXPECT_NO_THROW(requireRegionsIn("\xc3\xa4\xc3\xb6", log));
+    EXPECT_ANY_THROW(requireRegionsIn("a", log));
+    EXPECT_ANY_THROW(requireRegionsIn("", log));
+    EXPECT_ANY_THROW(requireRegionsIn("\xc3\xa4", log));
 }
 
 } // namespace

@@ -15,9 +15,14 @@ namespace {
 
 const char SCHEMA[] = "https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/sarif-schema-2.1.0.json";
 
+/// Of a message in which a brace is a brace: a single one would begin or end the number of an argument.
 Json textMember(const std::string& text)
 {
-    return {{"text", text}};
+    std::string escaped;
+    escaped.reserve(text.size());
+    for (const char c : text)
+        escaped.append(c == '{' || c == '}' ? 2 : 1, c);
+    return {{"text", escaped}};
 }
 
 Json ruleMember(const Rule& rule)

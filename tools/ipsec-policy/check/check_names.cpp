@@ -71,7 +71,8 @@ void checkNames(Kind kind, const Entries<T>& entries, Findings& findings)
             continue;
         row.clear();
         for (std::size_t k = i; k < next; ++k)
-            if (const Entry<T>& entry = entries[hashes[k] & 0xFFFFFFFFU]; !nameOf(*entry.object).empty())
+            if (const Entry<T>& entry = entries[static_cast<std::size_t>(hashes[k] & 0xFFFFFFFFU)];
+                !nameOf(*entry.object).empty())
                 row.push_back(&entry);
         findRepetitions(row, repetitions);
     }

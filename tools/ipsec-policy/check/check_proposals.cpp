@@ -31,9 +31,9 @@ const Rule AH_WITHOUT_HASH = {"ah-without-hash", Level::ERROR, "AH without a has
                               "Add a hash, or write ESP.",
                               "RFC 4302 section 2.6"};
 
-const Rule AH_ENCRYPTS = {"encryption-under-ah", Level::WARNING, "AH alone is given an encryption, which it never does",
+const Rule AH_ENCRYPTS = {"encryption-under-ah", Level::WARNING, "AH is given an encryption, but does not encrypt",
                           "AH authenticates packets and lets everybody read them. The encryption number\n"
-                          "does nothing, though the document must have manual keys for it.\n"
+                          "does nothing. (Manual keys must have one for it all the same.)\n"
                           "Write ESP if the traffic is to be kept secret, else encryption 0.",
                           "RFC 4302 section 1"};
 

@@ -22,7 +22,7 @@ const Rule NO_ADDRESS = {"bad-tunnel-end-point", Level::ERROR, "A tunnel's end p
                          ""};
 
 const Rule SPECIAL = {"special-tunnel-end-point", Level::WARNING,
-                      "A tunnel's end point is an address that no single other node has",
+                      "A tunnel's end point is not the address of one other node",
                       "Loopback addresses are each node's own, 0.0.0.0 and :: are nobody's, and\n"
                       "multicast and broadcast addresses are those of many at once. A key exchange\n"
                       "needs one peer, and a packet one receiver. (Some systems take 0.0.0.0 for any\n"

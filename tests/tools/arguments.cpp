@@ -74,6 +74,7 @@ Options:
   -o,--output OUT       Where to store it; standard output if not given
   --in-place            Store each FILE where it was
   --check               Store nothing; tell which FILEs would change
+  --json                With --check, tell it in JSON
   --force               Store values as they were understood, also where
                         the document says something else
   --max-size SIZE       Refuse larger files; bytes, or with K, M, G (64M)
@@ -90,6 +91,9 @@ such as a number with something behind it: 'check' tells of all of them.
 
 --check exits with 1 if a file is not in the written form, and names the first
 line that would change. With --check and --in-place there may be several FILEs.
+With --check --json, an object with two lists: files (file, written; if that is
+false, message, and if the file can be formatted, the line and the column that
+would change first) and unread (file, message).
 
 OUT may be FILE, which is --in-place. A file is replaced in one step, or left
 as it was; one that would not change is not touched. Its mode, owner, group and
@@ -103,6 +107,7 @@ Examples:
   ipsec-policy format policy.xml -o tidy.xml
   ipsec-policy format --in-place /etc/ipsec/*.xml
   ipsec-policy format --check policy.xml && echo as written
+  ipsec-policy format --check --json *.xml | jq '.files[] | select(.line)'
 )"));
 }
 
@@ -231,6 +236,8 @@ const WrongUsage WRONG_USAGES[] = {
     {{"format", "--check", "--", "-", "-"},"format", "standard input can be read only once"},
     {{"format", "--in-place", "-", "-"},   "format", "standard input can be read only once"},
     {{"diff", "-", "-"},                   "diff",   "OLD and NEW cannot both be standard input"},
+    {{"format", "--json", "a"},            "format", "--json is for --check alone"},
+    {{"format", "--json", "--in-place", "a"},    "format", "--json is for --check alone"},
     {{"format", "--check"},                "format", "FILE is required"},
     {{"format", "a", "--check=no"},        "format", "option '--check' takes no value"},
     {{"format", "a", "--max-size", "64 M"},"format", notASize("64 M")},

@@ -161,10 +161,13 @@ TEST_F(EditSecrets, AreNotToldWhateverIsWrong)
     }
     expectOldKey();
     EXPECT_THAT(run({"edit", "p.xml", "key"}).err, Not(HasSubstr(key.substr(0, 4)))) << "the key file as script";
-    const Outcome dryRun = edit({FIELD + key}, {"--dry-run"});
-    EXPECT_EQ(dryRun.status, 0);
-    EXPECT_THAT(dryRun.out, HasSubstr("ikePhase1/presharedKey"));
-    EXPECT_THAT(dryRun.out, Not(HasSubstr(key)));
+    for (const std::vector<std::string>& options :
+         std::vector<std::vector<std::string>>{{"--dry-run"}, {"--dry-run", "--json"}}) {
+        const Outcome dryRun = edit({FIELD + key}, options);
+        EXPECT_EQ(dryRun.status, 0);
+        EXPECT_THAT(dryRun.out, HasSubstr("ikePhase1/presharedKey"));
+        EXPECT_THAT(dryRun.out, Not(HasSubstr(key)));
+    }
 }
 
 /// A terminal at which nobody sits but the test.

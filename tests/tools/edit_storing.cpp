@@ -104,6 +104,32 @@ TEST_F(EditStoring, IsNotBegunWhereTheOldFileCannotBeKept)
     EXPECT_THAT(fileNames(), ElementsAre("p.xml"));
 }
 
+TEST_F(EditStoring, JsonIsThatOfDiffWithTheEditOrWithoutIt)
+{
+    const std::vector<std::string> commands = {RENAME, "remove host-group 1 --cascade", "add action x"};
+    writeFile("old.xml", writtenForm(BEFORE));
+    const Outcome rehearsed = edit(commands, {"--json", "--dry-run"});
+    EXPECT_EQ(contentOf("p.xml"), writtenForm(BEFORE));
+    EXPECT_EQ(edit(commands, {"--json"}), rehearsed);
+    EXPECT_EQ(rehearsed, printed(run({"diff", "--json", "old.xml", "p.xml"}).out));
+    EXPECT_NE(rehearsed.out.find("\"removed\""), std::string::npos);
+}
+
+TEST_F(EditStoring, JsonIsAnObjectAlsoWhereNothingChanges)
+{
+    const Outcome nothing = printed("{\n  \"nextIDs\": [],\n  \"objects\": []\n}\n");
+    EXPECT_EQ(edit({"# nothing"}, {"--json"}), nothing);
+    EXPECT_EQ(edit({"# nothing"}, {"--json", "--dry-run"}), nothing);
+}
+
+TEST_F(EditStoring, JsonOfAnEditThatFailsIsNone)
+{
+    EXPECT_EQ(edit({"add policy 1"}, {"--json"}), edit({"add policy 1"}));
+    writeFile("p.xml", "x");
+    EXPECT_EQ(edit({RENAME}, {"--json", "--dry-run"}),
+              refused("p.xml: line 1: parse_tag: expected '<', found (not shown)"));
+}
+
 TEST_F(EditStoring, DryRunPrintsTheDifferenceAndStoresNothing)
 {
     EXPECT_EQ(edit({RENAME, "remove host-group 1", "add host-group x"}, {"--dry-run", "--cascade", "--backup"}),

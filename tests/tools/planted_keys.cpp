@@ -67,7 +67,7 @@ std::string withManualKeys()
 std::string everythingSaid(const std::string& text)
 {
     static const std::vector<std::string> OTHERS[] = {
-        {"show", "-", "actions", "1"}, {"show", "--json", "-"}, {"graph", "-"}};
+        {"show", "-", "actions", "1"}, {"show", "--json", "-"}, {"graph", "-"}, {"format", "--check", "--json", "-"}};
     static std::size_t turn = 0;
 
     const Outcome shown = run({"show", "-"}, text);

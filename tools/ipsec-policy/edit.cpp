@@ -30,6 +30,7 @@ struct Options {
     std::vector<std::string> commands;
     std::string              script;
     bool                     dryRun      = false;
+    bool                     json        = false;
     bool                     cascade     = false;
     bool                     force       = false;
     bool                     keepsBackup = false;
@@ -96,20 +97,19 @@ class Edit {
         execute(script, editor);
         after_  = edited.finished();
         stored_ = storeDocument(after_, options.file);
-        report_ = editor.report() + lossesIn(difference(before_, after_, {}));
+
+        const Difference found = ::difference(before_, after_, {});
+        isAboutCounts_         = found.empty();
+        report_                = editor.report() + lossesIn(found);
     }
 
-    bool isChange() const { return !difference(before_, after_, {false, true}).empty(); }
+    bool isChange() const { return !isAboutCounts_ || !difference().empty(); }
 
     /// What to tell beside the difference itself.
     const std::string& report() const { return report_; }
 
-    /// Change counters are shown if nothing else differs.
-    std::string differenceText() const
-    {
-        const std::string text = diffText(before_, after_, {});
-        return text.empty() ? diffText(before_, after_, {false, true}) : text;
-    }
+    /// Change counters are told if nothing else differs.
+    Difference difference() const { return ::difference(before_, after_, {false, isAboutCounts_}); }
 
     const std::string& stored() const { return stored_; }
 
@@ -118,6 +118,7 @@ class Edit {
     IPsecConfig after_;
     std::string stored_;
     std::string report_;
+    bool        isAboutCounts_ = false;
 };
 
 ExitStatus tell(const std::string& text)
@@ -140,23 +141,32 @@ std::string backupName(const Options& options)
     return options.backup.empty() ? options.file + '~' : options.backup;
 }
 
+/// What to tell of an edit that is done, or is not to be done.
+std::string resultOf(const Edit& edited, const Options& options)
+{
+    if (options.json)
+        return jsonOf(edited.difference());
+    if (!edited.isChange())
+        return "nothing changed\n";
+    return options.dryRun ? edited.report() + textOf(edited.difference()) : edited.report();
+}
+
 ExitStatus edit(const Options& options)
 {
-    const char NOTHING[] = "nothing changed\n";
     if (isStandardStream(options.file))
         throw usageFailure("edit", "standard input cannot be edited: FILE must be a file");
     const Script script = scriptOf(options); // before the file is locked: it may take long to come
     if (options.dryRun) {
         const Edit edited(readFile(options.file, options.maxSize), script, options);
-        return tell(edited.isChange() ? edited.report() + edited.differenceText() : NOTHING);
+        return tell(resultOf(edited, options));
     }
 
     EditedFile file(options.file, options.maxSize);
     const Edit edited(file.text(), script, options);
     if (!edited.isChange())
-        return tell(NOTHING);
+        return tell(resultOf(edited, options));
     file.replace(edited.stored(), options.keepsBackup ? backupName(options) : "");
-    return tellStored(edited.report(), options.file);
+    return tellStored(resultOf(edited, options), options.file);
 }
 
 std::function<ExitStatus()> declare(CLI::App& arguments)
@@ -168,6 +178,7 @@ std::function<ExitStatus()> declare(CLI::App& arguments)
         ->type_name("COMMAND")
         ->allow_extra_args(false);
     addFlag(arguments, "--dry-run", options->dryRun, "Change nothing, but print what would differ");
+    addFlag(arguments, "--json", options->json, "Print what differs in JSON, as diff does");
     addFlag(arguments, "--cascade", options->cascade, "Remove the policies that use what is removed");
     addFlag(arguments, "--force", options->force, FORCE_HELP);
     // A flag, lest FILE be taken for its value; in braces stands what it has without one: nothing.
@@ -204,13 +215,15 @@ const Command EDIT_COMMAND = {
     "for with =?, or stands in the command.\n\n"
     "If any command fails, nothing is stored. What policies use is not removed\n"
     "without --cascade. The file is replaced in one step, with its mode and owner\n"
-    "kept; it stays as it is when nothing changes.\n\n"
+    "kept; it stays as it is when nothing changes. --dry-run prints what diff would,\n"
+    "--json what diff --json would, with --dry-run or without.\n\n"
     "A document with a value that was not understood as written, such as a number\n"
     "with something behind it, is refused unless --force is given: storing would\n"
     "make that for good.",
     "ipsec-policy edit policy.xml -e 'add host-group Berlin selectors=10.2.0.0/16'\n"
     "ipsec-policy edit policy.xml -e 'set action 3 ikePhase1/presharedKey=?'\n"
     "ipsec-policy edit policy.xml --dry-run branch.edit\n"
+    "ipsec-policy edit policy.xml --dry-run --json branch.edit | jq '.objects[].id'\n"
     "ipsec-policy diff old.xml new.xml --script | ipsec-policy edit old.xml -",
     declare,
 };

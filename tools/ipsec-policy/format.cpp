@@ -3,7 +3,9 @@
 #include "edited_file.h"
 #include "file_place.h"
 #include "files.h"
+#include "json.h"
 #include "options.h"
+#include "position.h"
 #include "storability.h"
 #include "text.h"
 
@@ -23,6 +25,7 @@ struct Options {
     std::optional<std::string> output;
     bool                       inPlace = false;
     bool                       check   = false;
+    bool                       json    = false;
     bool                       force   = false;
     std::size_t                maxSize = USUAL_MAX_SIZE;
 };
@@ -59,28 +62,81 @@ ExitStatus formatTo(const std::string& output, const std::string& fileName, cons
     return ExitStatus::CLEAN;
 }
 
-/// Adds what there is to say of the file to `result`.
-ExitStatus check(const std::string& fileName, const Options& options, std::string& result)
+/// What --check tells.
+class CheckReport {
+  public:
+    explicit CheckReport(const Options& options)
+        : options_(options)
+    {
+    }
+
+    /// Looks at one file, and returns what came of it.
+    ExitStatus add(const std::string& fileName)
+    try {
+        const std::string text    = readFile(fileName, options_.maxSize);
+        const std::string written = formatted(text, fileName, options_);
+        if (text == written) {
+            files_.push_back({{"file", fileName}, {"written", true}});
+            return ExitStatus::CLEAN;
+        }
+        const auto difference = std::mismatch(text.begin(), text.end(), written.begin(), written.end()).first;
+        addChange(fileName, PositionCounter(text).at(static_cast<std::size_t>(difference - text.begin())));
+        return ExitStatus::FINDINGS;
+    } catch (const Failure& failure) {
+        addFailure(fileName, failure);
+        return failure.status;
+    }
+
+    std::string text() const { return options_.json ? textOf(Json{{"files", files_}, {"unread", unread_}}) : text_; }
+
+  private:
+    void addChange(const std::string& fileName, const Position& position)
+    {
+        const std::string shown   = isStandardStream(fileName) ? "standard input" : printable(fileName);
+        const std::string message = shown + ':' + std::to_string(position.line) + ": would change from this line on";
+        text_ += message + '\n';
+        files_.push_back({{"file", fileName},
+                          {"written", false},
+                          {"line", position.line},
+                          {"column", position.column},
+                          {"message", message}});
+    }
+
+    /// What is wrong with a document is a result too, and needs no message where it is told as one.
+    void addFailure(const std::string& fileName, const Failure& failure)
+    {
+        const bool isResult = failure.status == ExitStatus::FINDINGS;
+        if (!isResult || !options_.json)
+            printMessage(failure.what());
+        if (isResult)
+            files_.push_back({{"file", fileName}, {"written", false}, {"message", failure.what()}});
+        else
+            unread_.push_back({{"file", fileName}, {"message", failure.what()}});
+    }
+
+    const Options& options_;
+    std::string    text_;
+    Json           files_  = Json::array();
+    Json           unread_ = Json::array();
+};
+
+ExitStatus checkAll(const Options& options)
 {
-    const std::string text    = readFile(fileName, options.maxSize);
-    const std::string written = formatted(text, fileName, options);
-    if (text == written)
-        return ExitStatus::CLEAN;
-    const auto        difference = std::mismatch(text.begin(), text.end(), written.begin(), written.end()).first;
-    const std::string shown      = isStandardStream(fileName) ? "standard input" : printable(fileName);
-    const auto        line       = 1 + std::count(text.begin(), difference, '\n');
-    result += shown + ':' + std::to_string(line) + ": would change from this line on\n";
-    return ExitStatus::FINDINGS;
+    CheckReport report(options);
+    ExitStatus  worst = ExitStatus::CLEAN;
+    for (const std::string& file : options.files)
+        worst = std::max(worst, report.add(file));
+    writeStandardOutput(report.text());
+    return worst;
 }
 
-/// Does `action` with every file, be there trouble with one or not, and returns the worst that came of it.
-template <class Action>
-ExitStatus forEach(const std::vector<std::string>& files, const Action& action)
+/// Goes on to the next file where there is trouble with one.
+ExitStatus formatAllInPlace(const Options& options)
 {
     ExitStatus worst = ExitStatus::CLEAN;
-    for (const std::string& file : files) {
+    for (const std::string& file : options.files) {
         try {
-            worst = std::max(worst, action(file));
+            worst = std::max(worst, formatInPlace(file, options));
         } catch (const Failure& failure) {
             printMessage(failure.what());
             worst = std::max(worst, failure.status);
@@ -91,6 +147,8 @@ ExitStatus forEach(const std::vector<std::string>& files, const Action& action)
 
 void refuseWhatExcludesEachOther(const Options& options)
 {
+    if (options.json && !options.check)
+        throw usageFailure("format", "--json is for --check alone");
     if (options.check && options.inPlace)
         throw usageFailure("format", "--check and --in-place exclude each other");
     if (options.output.has_value() && (options.check || options.inPlace))
@@ -106,14 +164,10 @@ ExitStatus format(const Options& options)
 {
     refuseWhatExcludesEachOther(options);
     if (options.inPlace)
-        return forEach(options.files, [&](const auto& file) { return formatInPlace(file, options); });
-    if (!options.check)
-        return formatTo(options.output.value_or("-"), options.files.front(), options);
-
-    std::string      result;
-    const ExitStatus status = forEach(options.files, [&](const auto& file) { return check(file, options, result); });
-    writeStandardOutput(result);
-    return status;
+        return formatAllInPlace(options);
+    if (options.check)
+        return checkAll(options);
+    return formatTo(options.output.value_or("-"), options.files.front(), options);
 }
 
 std::function<ExitStatus()> declare(CLI::App& arguments)
@@ -124,6 +178,7 @@ std::function<ExitStatus()> declare(CLI::App& arguments)
         ->type_name("OUT");
     addFlag(arguments, "--in-place", options->inPlace, "Store each FILE where it was");
     addFlag(arguments, "--check", options->check, "Store nothing; tell which FILEs would change");
+    addFlag(arguments, "--json", options->json, "With --check, tell it in JSON");
     addFlag(arguments, "--force", options->force, FORCE_HELP);
     addMaxSize(arguments, options->maxSize);
     return [options] { return format(*options); };
@@ -143,7 +198,10 @@ const Command FORMAT_COMMAND = {
     "unless --force is given, one with a value that was not understood as written,\n"
     "such as a number with something behind it: 'check' tells of all of them.\n\n"
     "--check exits with 1 if a file is not in the written form, and names the first\n"
-    "line that would change. With --check and --in-place there may be several FILEs.\n\n"
+    "line that would change. With --check and --in-place there may be several FILEs.\n"
+    "With --check --json, an object with two lists: files (file, written; if that is\n"
+    "false, message, and if the file can be formatted, the line and the column that\n"
+    "would change first) and unread (file, message).\n\n"
     "OUT may be FILE, which is --in-place. A file is replaced in one step, or left\n"
     "as it was; one that would not change is not touched. Its mode, owner, group and\n"
     "attributes are kept, and symbolic links are followed; other hard links keep the\n"
@@ -153,6 +211,7 @@ const Command FORMAT_COMMAND = {
     "ipsec-policy format policy.xml\n"
     "ipsec-policy format policy.xml -o tidy.xml\n"
     "ipsec-policy format --in-place /etc/ipsec/*.xml\n"
-    "ipsec-policy format --check policy.xml && echo as written",
+    "ipsec-policy format --check policy.xml && echo as written\n"
+    "ipsec-policy format --check --json *.xml | jq '.files[] | select(.line)'",
     declare,
 };

@@ -1,4 +1,4 @@
-#include "program.h"
+#include "completed.h"
 
 #include <gmock/gmock.h>
 
@@ -20,47 +20,6 @@ using testing::Not;
 
 namespace {
 
-/// The lines that the program prints for these words.
-std::vector<std::string> completed(const std::vector<std::string>& words)
-{
-    std::vector<std::string> arguments = {"__complete"};
-    arguments.insert(arguments.end(), words.begin(), words.end());
-    const Outcome outcome = run(arguments);
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.err, "");
-
-    std::vector<std::string> lines;
-    std::istringstream       text(outcome.out);
-    for (std::string line; std::getline(text, line);)
-        lines.push_back(line);
-    return lines;
-}
-
-/// The words alone, without their descriptions.
-std::vector<std::string> wordsFor(const std::vector<std::string>& words)
-{
-    std::vector<std::string> lines = completed(words);
-    for (std::string& line : lines)
-        line.erase(std::min(line.find('\t'), line.size()));
-    return lines;
-}
-
-class Complete : public InFolder {
-  protected:
-    Complete()
-    {
-        const auto named = [](unsigned int id, const std::string& name) {
-            return entry("hostGroup", id, group("hostGroup", name, "", ""));
-        };
-        writeFile("policy.xml", document(named(1, "Head office") + named(2, "twice") + named(3, "twice") +
-                                             named(4, "") + named(5, "10") + named(6, "R&D 'lab'") + named(7, "a\nb") +
-                                             named(8, "--help") + named(12, "name=x") + named(13, "plain"),
-                                         entry("protocolGroup", 4, group("protocolGroup", "Web", "", "")),
-                                         entry("action", 3, action("Pass", "", "<spdAction>BYPASS</spdAction>")),
-                                         entry("policy", 1, policy(1, 4, 3)) + entry("policy", 11, policy(9, 4, 3))));
-    }
-};
-
 TEST_F(Complete, TheFirstWordIsACommandOrAnOptionOfTheProgram)
 {
     EXPECT_THAT(completed({""}), testing::IsSupersetOf({"new\tMake a starter configuration.",
@@ -70,6 +29,7 @@ TEST_F(Complete, TheFirstWordIsACommandOrAnOptionOfTheProgram)
     EXPECT_EQ(completed({}), completed({""}));
     EXPECT_THAT(wordsFor({"sh"}), ElementsAre("show"));
     EXPECT_THAT(wordsFor({"--v"}), ElementsAre("--version"));
+    EXPECT_THAT(wordsFor({"-"}), ElementsAre("--help", "--version"));
     EXPECT_THAT(wordsFor({"x"}), IsEmpty());
 }
 
@@ -83,15 +43,16 @@ TEST_F(Complete, EveryCommandIsOfferedAndNothingHidden)
 
 TEST_F(Complete, OptionsAreThoseThatTheHelpOfTheCommandLists)
 {
-    for (const std::string command : {"new", "show", "format", "graph"}) {
+    for (const std::string command : {"new", "show", "check", "format", "diff", "edit", "graph"}) {
         const std::string        help  = run({command, "--help"}).out;
         std::vector<std::string> words = wordsFor({command, "--"});
         EXPECT_THAT(words, Contains("--help"));
+        EXPECT_EQ(wordsFor({command, "-"}), words) << "after a single dash too";
         for (const std::string& word : words)
             EXPECT_THAT(help, HasSubstr(word)) << command;
         for (std::size_t at = help.find("\n  --"); at != std::string::npos; at = help.find("\n  --", at + 1)) {
             const std::size_t name = at + 3;
-            EXPECT_THAT(words, Contains(help.substr(name, help.find(' ', name) - name))) << command;
+            EXPECT_THAT(words, Contains(help.substr(name, help.find_first_of(" [", name) - name))) << command;
         }
     }
     EXPECT_THAT(completed({"show", "--s"}), ElementsAre("--show-keys\tShow keys, pre-shared keys and IVs too"));
@@ -107,6 +68,10 @@ TEST_F(Complete, FileNamesAreLeftToTheShell)
     EXPECT_THAT(completed({"format", "-o", "out.xml", ""}), ElementsAre(":files"));
     EXPECT_THAT(completed({"format", "--output", "out.xml", ""}), ElementsAre(":files"));
     EXPECT_THAT(completed({"format", "--output=x"}), ElementsAre(":files"));
+    EXPECT_THAT(completed({"edit", "policy.xml", "--backup=x"}), ElementsAre(":files"));
+    EXPECT_THAT(completed({"edit", "policy.xml", ""}), ElementsAre(":files"));
+    EXPECT_THAT(completed({"diff", "policy.xml", ""}), ElementsAre(":files"));
+    EXPECT_THAT(completed({"check", "--algorithms", ""}), ElementsAre(":files"));
     EXPECT_THAT(completed({"show", "--", "-p"}), ElementsAre(":files"));
 }
 

@@ -2,6 +2,7 @@
 
 #include "check_report.h"
 #include "command_line.h"
+#include "edit_candidates.h"
 #include "object_candidates.h"
 #include "objects.h"
 #include "rules.h"
@@ -131,6 +132,10 @@ void Completion::addValues(const CLI::Option& argument, const CLI::App& command,
             add({wordsOf(kind).plural, ""});
     } else if (word == "OBJECT") {
         addObjects(command, arguments);
+    } else if (word == "COMMAND") {
+        for (const Candidate& candidate :
+             editCandidates(std::string_view(last_.text).substr(prefix_.size()), given("FILE", command, arguments)))
+            add(candidate);
     } else if (std::find(std::begin(FILE_WORDS), std::end(FILE_WORDS), word) != std::end(FILE_WORDS)) {
         text_ += FILES;
     }
@@ -155,7 +160,7 @@ void Completion::completeArgument(const CLI::App& command, const Arguments& argu
         return addValues(*arguments.awaiting, command, arguments);
 
     const std::string& word = last_.text;
-    if (!arguments.optionsEnded && word.size() > 1 && word.front() == '-') {
+    if (!arguments.optionsEnded && !word.empty() && word.front() == '-') {
         const std::size_t        equals = word.find('=');
         const CLI::Option* const option = optionIn(command, word);
         if (equals == std::string::npos)

@@ -44,6 +44,15 @@ bool isFree(const Field& field)
 }
 
 template <class BuiltIns>
+std::vector<std::string> wordsIn(const BuiltIns& builtIns)
+{
+    std::vector<std::string> words;
+    for (const auto& builtIn : builtIns)
+        words.emplace_back(builtIn.word);
+    return words;
+}
+
+template <class BuiltIns>
 const char* wordIn(const BuiltIns& builtIns, const std::vector<Field>& fields)
 {
     for (const auto& builtIn : builtIns) {
@@ -70,6 +79,20 @@ const ProtocolGroup& builtInProtocolGroup(const std::string& word)
 const IPsecAction& builtInAction(const std::string& word)
 {
     return objectNamed(word, ACTIONS);
+}
+
+std::vector<std::string> wordsOfBuiltIns(Kind kind)
+{
+    switch (kind) {
+    case Kind::HOST_GROUP:
+        return wordsIn(HOST_GROUPS);
+    case Kind::PROTOCOL_GROUP:
+        return wordsIn(PROTOCOL_GROUPS);
+    case Kind::ACTION:
+        return wordsIn(ACTIONS);
+    default:
+        return {};
+    }
 }
 
 const char* wordOfBuiltIn(Kind kind, const std::vector<Field>& fields)

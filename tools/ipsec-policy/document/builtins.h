@@ -20,6 +20,9 @@ const ipsecimpl::ProtocolGroup& builtInProtocolGroup(const std::string& word); /
 const ipsecimpl::IPsecAction&   builtInAction(const std::string& word);        ///< "discard" or "bypass"
 /// @}
 
+/// The words for the built-in objects of that kind.
+std::vector<std::string> wordsOfBuiltIns(Kind kind);
+
 /// The word of the built-in object of that kind with these fields; null if there is none. An action's change counter,
 /// `type` and `state` may be any.
 const char* wordOfBuiltIn(Kind kind, const std::vector<Field>& fields);

@@ -10,6 +10,7 @@
 #include <ipsecimpl/enums.h>
 
 #include <string>
+#include <vector>
 
 template <int Num, auto Names>
 const char* wordOf(const ipsecimpl::Enum<Num, Names>& value)
@@ -32,7 +33,16 @@ struct EnumReader<ipsecimpl::Enum<Num, Names>> {
         }
         throw Failure(ExitStatus::TROUBLE, '\'' + printable(text) + "' is no " + what + " (" + words + ')');
     }
+
+    static std::vector<std::string> words() { return {*Names, *Names + Num}; }
 };
+
+/// All words of the enumeration, in its order.
+template <class E>
+std::vector<std::string> wordsOf()
+{
+    return EnumReader<E>::words();
+}
 
 /// The value called `text`. Throws a Failure that calls it `what` and tells all words, such as "'G5' is no dhGroup
 /// (NONE, G1, G2, G14)".

@@ -3,10 +3,17 @@
 #include "program.h"
 #include "support/golden.h"
 
+#include <nlohmann/json.hpp>
+
 #include <cstddef>
+#include <map>
 #include <ostream>
+#include <regex>
+#include <set>
+#include <sstream>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include <sys/stat.h>
@@ -59,6 +66,52 @@ const Report REPORTS[] = {{"", ".txt"}, {"--json", ".json"}, {"--sarif", ".sarif
 INSTANTIATE_TEST_SUITE_P(Check, CheckedExample,
                          testing::Combine(testing::Values("home-router", "branch-office", "server-farm"),
                                           testing::ValuesIn(REPORTS)));
+
+/// The errors and warnings that the examples' README tells of, such as "fixed-iv | actions 7, 8", of one of them.
+std::set<std::string> toldOf(const std::string& name)
+{
+    const std::string     text = contentOf(EXAMPLES_DIR "/README.md");
+    const std::size_t     from = text.find("\n### " + name + ".xml\n");
+    std::istringstream    section(text.substr(from + 1, text.find("\n### ", from + 1) - from));
+    std::set<std::string> told;
+    const std::regex      row("[|] `([a-z-]+)` [|] ([a-z ]+[0-9, ]*) [|] [^|]+ [|]");
+    std::smatch           parts;
+    for (std::string line; std::getline(section, line);)
+        if (std::regex_match(line, parts, row))
+            told.insert(parts.str(1) + " | " + parts.str(2));
+    return told;
+}
+
+/// The same as check finds it.
+std::set<std::string> foundIn(const std::string& name)
+{
+    const std::string document = contentOf(EXAMPLES_DIR "/configs/" + name + ".xml");
+    const auto        report   = nlohmann::json::parse(run({"check", "-", "--json", "--level=warning"}, document).out);
+    std::map<std::pair<std::string, std::string>, std::vector<std::string>> places;
+    for (const auto& finding : report["findings"]) {
+        const std::string path       = finding["path"];
+        const std::size_t slash      = path.find('/');
+        const std::string collection = path.substr(0, slash);
+        const std::string number     = path.substr(slash + 1, path.find('/', slash + 1) - slash - 1);
+        places[{finding["code"], collection}].push_back(number);
+    }
+    std::set<std::string> found;
+    for (const auto& [what, numbers] : places) {
+        std::string where = what.second == "actions" ? "action" : what.second == "hostGroups" ? "host group" : "?";
+        where += numbers.size() == 1 ? " " : "s ";
+        for (const std::string& number : numbers)
+            where += (where.back() == ' ' ? "" : ", ") + number;
+        found.insert(what.first + " | " + where);
+    }
+    return found;
+}
+
+TEST(CheckedExamples, HaveTheErrorsAndWarningsThatTheirREADMETells)
+{
+    for (const std::string name : {"home-router", "branch-office", "server-farm"})
+        EXPECT_EQ(toldOf(name), foundIn(name)) << name;
+    EXPECT_GE(toldOf("branch-office").size(), 5U);
+}
 
 class CheckedStarter : public InFolder {};
 

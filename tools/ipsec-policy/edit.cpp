@@ -221,7 +221,7 @@ const Command EDIT_COMMAND = {
     "with something behind it, is refused unless --force is given: storing would\n"
     "make that for good.",
     "ipsec-policy edit policy.xml -e 'add host-group Berlin selectors=10.2.0.0/16'\n"
-    "ipsec-policy edit policy.xml -e 'set action 3 ikePhase1/presharedKey=?'\n"
+    "ipsec-policy edit policy.xml -e 'set action 4 ikePhase1/presharedKey=?'\n"
     "ipsec-policy edit policy.xml --dry-run branch.edit\n"
     "ipsec-policy edit policy.xml --dry-run --json branch.edit | jq '.objects[].id'\n"
     "ipsec-policy diff old.xml new.xml --script | ipsec-policy edit old.xml -",

@@ -189,6 +189,7 @@ const WrongUsage WRONG_USAGES[] = {
     {{"--show-keys"},                      "", "unknown option '--show-keys'" + LATE},
     {{"--show-keys", "show", "a"},         "", "unknown option '--show-keys'" + LATE},
     {{"--none", "show", "a"},              "", "unknown option '--none'"},
+    {{"new", "-o", ""},                    "new",    "option '--output' has an empty value"},
     {{"new", "x"},                         "new",    "unexpected argument 'x'"},
     {{"show"},                             "show",   "FILE is required"},
     {{"show", "a", "actions", "1", "x"},   "show",   "unexpected argument 'x'"},

@@ -5,6 +5,7 @@
 #include "edit_words.h"
 #include "enum_text.h"
 #include "references.h"
+#include "typed_command.h"
 
 #include <algorithm>
 #include <optional>
@@ -12,33 +13,6 @@
 using namespace ipsecimpl;
 
 namespace {
-
-/// A command as far as it is typed.
-struct Typed {
-    std::vector<std::string_view> before; ///< the words that are complete
-    std::string_view              last;   ///< the one that goes on, perhaps empty
-    bool                          inQuotes = false;
-};
-
-Typed readTyped(std::string_view text)
-{
-    Typed typed;
-    for (std::size_t at = 0; (at = text.find_first_not_of(BLANKS, at)) != std::string_view::npos;) {
-        typed.last = text.substr(at);
-        try {
-            const std::size_t end = findUnquoted(text, BLANKS, at);
-            if (end == std::string_view::npos)
-                return typed;
-            typed.before.push_back(text.substr(at, end - at));
-            at = end;
-        } catch (const Failure&) { // a quote is not closed
-            typed.inQuotes = true;
-            return typed;
-        }
-    }
-    typed.last = {};
-    return typed;
-}
 
 /// What may follow in the last word, from its byte `from` on.
 struct Choices {
@@ -111,7 +85,7 @@ std::vector<std::string> wordsOfField(std::string_view path)
 /// Finds the choices for one command.
 class Grammar {
   public:
-    Grammar(const Typed& typed, const std::string& fileName)
+    Grammar(const TypedCommand& typed, const std::string& fileName)
         : typed_(typed)
         , fileName_(fileName)
     {
@@ -133,8 +107,8 @@ class Grammar {
     Choices values(std::string_view path, std::size_t from) const;
     bool    isGiven(std::string_view path) const;
 
-    const Typed&       typed_;
-    const std::string& fileName_;
+    const TypedCommand& typed_;
+    const std::string&  fileName_;
 };
 
 Choices Grammar::choices() const
@@ -239,31 +213,13 @@ bool Grammar::isGiven(std::string_view path) const
     });
 }
 
-/// `name` as it goes on from `typed`, which may be in quotes; nothing if it does not.
-std::optional<std::string> continued(std::string_view typed, bool inQuotes, const std::string& name)
-{
-    const std::string meant = unquoted(typed); // which asks for no end of a quote
-    if (name.compare(0, meant.size(), meant) != 0)
-        return std::nullopt;
-    std::string rest = name.substr(meant.size());
-    if (!rest.empty())
-        rest = quotedWord(rest);
-    if (inQuotes) {
-        if (rest.empty() || rest.front() != '"')
-            rest += '"';
-        else
-            rest.erase(0, 1);
-    }
-    return std::string(typed) + rest;
-}
-
 } // namespace
 
 std::vector<Candidate> editCandidates(std::string_view typed, const std::string& fileName)
 try {
-    const std::size_t line    = typed.rfind('\n') + 1; // 0 if there is none
-    const Typed       command = readTyped(typed.substr(line));
-    const Choices     choices = Grammar(command, fileName).choices();
+    const std::size_t  line    = typed.rfind('\n') + 1; // 0 if there is none
+    const TypedCommand command = readTypedCommand(typed.substr(line));
+    const Choices      choices = Grammar(command, fileName).choices();
 
     const std::string_view last = command.last.substr(std::min(choices.from, command.last.size()));
     const std::string      start(typed.substr(0, typed.size() - last.size()));
@@ -272,7 +228,7 @@ try {
         if (word.text.compare(0, last.size(), last) == 0)
             candidates.push_back({start + word.text, word.description});
     for (const Candidate& name : choices.names)
-        if (const auto whole = continued(last, command.inQuotes, name.text))
+        if (const auto whole = continuedWord(last, command.inQuotes, name.text))
             candidates.push_back({start + *whole, name.description});
     return candidates;
 } catch (const Failure&) {

@@ -14,7 +14,8 @@ namespace {
 /// What is shown of a line, as it looks on a terminal.
 std::string shown(const std::string& document, Span what, std::size_t width, const std::vector<Span>& hidden = {})
 {
-    const Excerpt excerpt = excerptOf(document, excerptSpan(document, what, width), what, hidden, width);
+    Excerpt excerpt;
+    takeExcerpt(excerpt, document, excerptSpan(document, what, width), what, hidden, width);
     return excerpt.line + '\n' + excerpt.marks;
 }
 

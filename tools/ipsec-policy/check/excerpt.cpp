@@ -171,15 +171,13 @@ bool holdsAny(const std::vector<Span>& hidden, Span span)
 }
 
 /// Of a line that is shown as it stands, a column for each byte: nearly all are.
-Excerpt plainExcerpt(std::string_view line, std::size_t begin, std::size_t length)
+void takePlain(Excerpt& excerpt, std::string_view line, std::size_t begin, std::size_t length)
 {
-    Excerpt excerpt;
     excerpt.line = line;
     begin        = std::min(begin, line.size());
     excerpt.marks.assign(begin, ' ');
     excerpt.marks += '^';
     excerpt.marks.append(std::max<std::size_t>(std::min(length, line.size() - begin), 1) - 1, '~');
-    return excerpt;
 }
 
 } // namespace
@@ -208,11 +206,12 @@ Span excerptSpan(std::string_view document, Span what, std::size_t width)
     return {begin, end - begin};
 }
 
-Excerpt excerptOf(std::string_view document, Span span, Span what, const std::vector<Span>& hidden, std::size_t width)
+void takeExcerpt(Excerpt& excerpt, std::string_view document, Span span, Span what, const std::vector<Span>& hidden,
+                 std::size_t width)
 {
     const bool isPart = isClippedBefore(document, span) || isClippedBehind(document, span);
     if (!isPart && span.length <= width && isPlain(span.in(document)) && !holdsAny(hidden, span))
-        return plainExcerpt(span.in(document), what.offset - span.offset, what.length);
+        return takePlain(excerpt, span.in(document), what.offset - span.offset, what.length);
 
     const Cells       cells(document, span, hidden);
     const std::size_t centre = cells.numberOf(what.offset);
@@ -221,9 +220,7 @@ Excerpt excerptOf(std::string_view document, Span span, Span what, const std::ve
     if (isPart || cells.columns(0, cells.size()) > width)
         window = windowAround(cells, centre, width - CLIPPED_COLUMNS);
 
-    Excerpt excerpt;
-    if (window.first > 0 || isClippedBefore(document, span))
-        excerpt.line = CLIPPED;
+    excerpt.line = window.first > 0 || isClippedBefore(document, span) ? CLIPPED : "";
     excerpt.marks.assign(excerpt.line.size() + cells.columns(window.first, centre), ' ');
     excerpt.line += cells.text(window.first, window.last);
     if (window.last < cells.size() || isClippedBehind(document, span))
@@ -234,5 +231,4 @@ Excerpt excerptOf(std::string_view document, Span span, Span what, const std::ve
         ++last;
     excerpt.marks += '^';
     excerpt.marks.append(std::max<std::size_t>(cells.columns(centre, last), 1) - 1, '~');
-    return excerpt;
 }

@@ -21,10 +21,12 @@ struct Excerpt {
 /// look at does not depend on how long the line is.
 Span excerptSpan(std::string_view document, Span what, std::size_t width);
 
-/// As much of `span`, which excerptSpan() has told, as fits into `width` columns, with "..." where the line was clipped.
+/// Makes `excerpt`, whose memory is used again, as much of `span`, which excerptSpan() has told, as fits into `width`
+/// columns, with "..." where the line was clipped.
 ///
 /// Instead of the pieces `hidden` (in ascending order) there is "***". What is meant is marked to the end of the line
 /// at most.
-Excerpt excerptOf(std::string_view document, Span span, Span what, const std::vector<Span>& hidden, std::size_t width);
+void takeExcerpt(Excerpt& excerpt, std::string_view document, Span span, Span what, const std::vector<Span>& hidden,
+                 std::size_t width);
 
 #endif

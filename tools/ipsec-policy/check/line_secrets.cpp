@@ -5,6 +5,7 @@
 #include "lexer.h"
 #include "number_text.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace {
@@ -20,8 +21,7 @@ bool isInName(char c)
 class Line {
   public:
     Line(std::string_view document, Span line)
-        : document_(document)
-        , text_(line.in(document))
+        : text_(line.in(document))
         , offset_(line.offset)
     {
         while (begin_ < text_.size() && isWhiteSpace(text_[begin_]))
@@ -44,33 +44,23 @@ class Line {
     {
         if (name_.empty())
             return LineKind::OTHER;
-        // An attribute's value can look like this too, but comes behind another character.
-        if (what.offset == offset_ + begin_ && followsTag())
+        // No attribute's value begins so: with a quote before it, it is behind that, and without it has no '>'.
+        if (what.offset == offset_ + begin_)
             return body_ == text_.size() || endsAt(body_) ? LineKind::TAG : LineKind::OTHER;
-        // Behind a '>' there is no value, and no other piece of a text begins so.
+        // Behind a '>' there is no value, and of the pieces of a text that can stand there only '&' begins one.
         const bool isWhole = what.offset == offset_ + body_ && what.length > 0 && endsAt(what.end() - offset_);
         return isWhole && text_[body_] != '&' ? LineKind::LEAF : LineKind::OTHER;
     }
 
   private:
-    /// Is this the end tag, and the end of the line?
+    /// Is this the end tag, and the end of the line? It may be behind the line where that is clipped.
     bool endsAt(std::size_t place) const
     {
-        const std::string_view rest = text_.substr(place);
+        const std::string_view rest = text_.substr(std::min(place, text_.size()));
         return rest.size() == name_.size() + 3 && rest.substr(0, 2) == "</" && rest.back() == '>' &&
                rest.substr(2, name_.size()) == name_;
     }
 
-    /// Is there another tag before it, white space aside?
-    bool followsTag() const
-    {
-        std::size_t before = offset_ + begin_;
-        while (before > 0 && isWhiteSpace(document_[before - 1]))
-            --before;
-        return before > 0 && document_[before - 1] == '>';
-    }
-
-    std::string_view document_;
     std::string_view text_;
     std::size_t      offset_;
     std::size_t      begin_ = 0; ///< of the tag

@@ -9,8 +9,8 @@
 
 /// What must not be shown of the lines that findings are about, in a document that loads.
 ///
-/// Nearly all of them are a tag or a leaf alone, and tell by themselves. The secrets of the whole document are looked up
-/// for the first line that does not: what such a line is can depend on any before it.
+/// Nearly all of them are a tag or a leaf alone, and tell by themselves. The secrets of the whole document are looked
+/// up for the first line that does not: what such a line is can depend on any before it.
 class LineSecrets {
   public:
     /// The source must outlive the object.

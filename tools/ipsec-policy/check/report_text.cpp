@@ -77,6 +77,7 @@ class TextReport : public Report {
 
     // Kept to use their memory again.
     std::string              place_;
+    Excerpt                  excerpt_;
     std::string              message_;
     std::vector<WrappedLine> lines_;
 };
@@ -139,12 +140,12 @@ void TextReport::addExcerpt(const std::string& document, const Finding& finding,
     else if (!showsKeys_)
         hiddenHere = hiddenInBroken(document, shown);
 
-    const Excerpt excerpt = excerptOf(document, shown, what, *hidden, width);
-    if (excerpt.line.empty())
+    takeExcerpt(excerpt_, document, shown, what, *hidden, width);
+    if (excerpt_.line.empty())
         return;
-    (((text_ += number) += MARGIN) += excerpt.line) += '\n';
+    (((text_ += number) += MARGIN) += excerpt_.line) += '\n';
     text_.append(number.size(), ' ') += MARGIN;
-    appendColoured(text_, excerpt.marks, colourOf(finding.rule->level));
+    appendColoured(text_, excerpt_.marks, colourOf(finding.rule->level));
     text_ += '\n';
 }
 

@@ -60,6 +60,9 @@ void EntryIndex::finish(Span collection)
 
 const SourceEntry* EntryIndex::find(unsigned int id) const
 {
+    // Mostly there are no gaps among the IDs.
+    if (id > 0 && id <= byID_.size() && children_[byID_[id - 1]].id == id)
+        return &children_[byID_[id - 1]];
     const auto found = std::lower_bound(byID_.begin(), byID_.end(), id, [this](std::size_t place, unsigned int sought) {
         return children_[place].id < sought;
     });

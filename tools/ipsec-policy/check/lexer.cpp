@@ -137,6 +137,18 @@ bool Lexer::isLeaf(const StartTag& tag)
     return at(next + 1) == '/';
 }
 
+bool Lexer::skipLeaf(const StartTag& tag)
+{
+    if (tag.isClosed)
+        return true;
+    const std::size_t next = find('<', offset_);
+    if (!tag.hasAttribute && at(next + 1) != '/')
+        return false;
+    offset_ = next;
+    endTag(tag.name);
+    return true;
+}
+
 bool Lexer::nextStartTag(std::size_t limit, StartTag& tag)
 {
     while (offset_ < limit) {

@@ -65,6 +65,9 @@ class Lexer {
     /// Has the element, whose start tag was read last, no children? It is not read.
     bool isLeaf(const StartTag& tag);
 
+    /// Reads the rest of an element, whose start tag was read last, if it has no children; else nothing.
+    bool skipLeaf(const StartTag& tag);
+
     /// Goes to the next start tag, inside or behind what was read last, and reads it. False if there is none before
     /// `limit`.
     bool nextStartTag(std::size_t limit, StartTag& tag);

@@ -12,7 +12,7 @@ namespace {
 /// Entries longer than this are gone through once. What is looked for in shorter ones is found as fast without.
 const std::size_t LONG_ENTRY = 4096;
 
-const std::size_t NONE = std::string_view::npos;
+const std::size_t NONE = EntryOutline::NONE;
 
 template <class Matching, class Collection>
 EntryIndex match(Matching&& matcher, const Collection& collection)
@@ -53,23 +53,13 @@ const List LISTS[] = {
     {"ikePhase2/saProposal/", "ikePhase2", &EntryDetails::proposals},
 };
 
-/// The child with this name, or the `number`th of them, of the element that begins at `parent`; an empty name is any.
-std::size_t childOf(std::string_view document, std::size_t parent, std::string_view name, std::size_t number = 1)
+bool isAtLineEnd(std::string_view document, std::size_t offset)
 {
-    Lexer lexer(document, parent);
-    if (lexer.startTag().isClosed)
-        return NONE;
-    while (!lexer.atEndTag()) {
-        const StartTag tag = lexer.startTag();
-        if ((name.empty() || tag.name == name) && --number == 0)
-            return tag.offset;
-        lexer.skipRest(tag);
-    }
-    return NONE;
+    return offset < document.size() && isLineEnd(document[offset]);
 }
 
-/// The text of the leaf that begins there, or all of the element.
-Span textOrElement(std::string_view document, std::size_t offset)
+/// The text of the leaf that begins there, or the element's first line.
+Span textOrLine(std::string_view document, std::size_t offset)
 {
     Lexer          lexer(document, offset);
     const StartTag tag = lexer.startTag();
@@ -77,16 +67,17 @@ Span textOrElement(std::string_view document, std::size_t offset)
         const Leaf leaf = lexer.rest(tag);
         if (leaf.text.length > 0)
             return leaf.text;
-    } else {
+    } else if (!isAtLineEnd(document, lexer.offset())) {
         lexer.skipRest(tag);
     }
-    return spanBetween(tag.offset, lexer.offset());
+    return firstLineOf(document, spanBetween(tag.offset, lexer.offset()));
 }
 
 } // namespace
 
 Source::Source(std::string_view document, const IPsecConfig& config)
     : document_(document)
+    , outline_(document)
 {
     Lexer lexer(document);
     lexer.startTag();
@@ -113,41 +104,41 @@ Span Source::find(const ObjectPath& path) const
     if (entry == nullptr)
         return findInCollection(path);
 
-    std::string_view field  = path.field;
-    const auto       member = takeMember(path, *entry, field);
-    if (member != NONE)
-        return findBelow(member, field);
-
-    Lexer lexer(document_, entry->span.offset);
-    lexer.startTag();
-    const Leaf id = lexer.leaf();
-    return path.field == "id" ? id.text : findBelow(lexer.skipSpace(), field);
+    if (path.field == "id") {
+        Lexer lexer(document_, entry->span.offset);
+        lexer.startTag();
+        return lexer.leaf().text;
+    }
+    std::string_view  field  = path.field;
+    const std::size_t member = takeMember(path, *entry, field);
+    outline_.enter(member != NONE ? member : entry->span.offset);
+    return findBelow(member != NONE ? 0 : outline_.childOf(0, "", 2), field);
 }
 
 Span Source::findInCollection(const ObjectPath& path) const
 {
     const EntryIndex& index = indexOf(path.kind);
     if (path.id == 0 && !path.field.empty() && index.nextID().length > 0)
-        return textOrElement(document_, index.nextID().offset);
+        return textOrLine(document_, index.nextID().offset);
     return index.collection();
 }
 
-/// What `field` names in the element that begins at `element`.
+/// What `field` names in an element of the outline.
 Span Source::findBelow(std::size_t element, std::string_view field) const
 {
     while (!field.empty()) {
         std::string_view  name   = takeComponent(field);
         const std::size_t number = takeNumber(field);
-        std::size_t       child  = childOf(document_, element, name, name == "selectors" || number == 0 ? 1 : number);
+        std::size_t       child  = outline_.childOf(element, name, name == "selectors" || number == 0 ? 1 : number);
         if (name == "selectors" && number > 0 && child != NONE) {
             element = child;
-            child   = childOf(document_, element, "", number);
+            child   = outline_.childOf(element, "", number);
         }
         if (child == NONE)
             break;
         element = child;
     }
-    return textOrElement(document_, element);
+    return textOrLine(document_, outline_.offsetOf(element));
 }
 
 /// Where the member of a list is, if that is what a field begins with and it is known without going through the entry;

@@ -6,6 +6,7 @@
 
 #include "entry_details.h"
 #include "entry_index.h"
+#include "entry_outline.h"
 #include "group_matcher.h"
 #include "misreading.h"
 #include "objects.h"
@@ -31,9 +32,9 @@ class Source {
     /// turns out that they do not belong together, std::logic_error is thrown.
     Source(std::string_view document, const ipsecimpl::IPsecConfig& config);
 
-    /// The text of the leaf that `path` names, without white space around it, or the whole element if it has children
-    /// or no text. What the document does not have is where it would be: a leaf or a member of a list in the element
-    /// that should hold it, an object in its collection.
+    /// The text of the leaf that `path` names, without white space around it; or the element if it has children or no
+    /// text, but no more of it than is on its first line. What the document does not have is where it would be: a leaf
+    /// or a member of a list in the element that should hold it, an object in its collection.
     ///
     /// The field "id" is an entry's ID. With ID 0 the path leads to the collection itself, and with the field
     /// "nextpolicy" (and its like) to the next ID, to the last one if the document has several.
@@ -74,6 +75,7 @@ class Source {
     Misreadings                  misreadings_;
 
     mutable std::map<std::size_t, EntryDetails> details_; // of long entries, by their offset
+    mutable EntryOutline                        outline_; // of the entry that was looked into last
 };
 
 #endif

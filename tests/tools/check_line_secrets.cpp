@@ -31,14 +31,13 @@ std::vector<Span> placesIn(const LoadedDocument& loaded)
     std::vector<Span> places;
     for (const Finding& finding : findings)
         if (!finding.isAboutFile)
-            places.push_back(finding.isLocated ? Span{finding.offset, finding.length}
-                                               : loaded.source.find(finding.path));
+            places.push_back(finding.isLocated ? Span{finding.offset, finding.length} : loaded.place(finding.path));
     for (const auto& action : loaded.config.actions)
         for (const char* const field :
              {"id", "name", "descr", "state", "tunnelEndpoint", "ikePhase1", "ikePhase1/presharedKey",
               "ikePhase1/localCert", "ikePhase2", "manualKey", "manualKey/inboundESPSPI", "manualKey/inboundDecrKey",
               "manualKey/outboundEncrKey", "manualKey/outboundEncrIV", "manualKey/inboundAuthKey"})
-            places.push_back(loaded.source.find({Kind::ACTION, action.first, field}));
+            places.push_back(loaded.place({Kind::ACTION, action.first, field}));
     for (Span& place : places)
         place = firstLineOf(loaded.text, place);
     return places;
@@ -147,8 +146,8 @@ TEST(CheckLineSecrets, AreThoseOfTheWholeDocumentInLongLines)
 TEST(CheckLineSecrets, OfALeafAloneAreFoundWithoutTheDocument)
 {
     const LoadedDocument loaded(laidOut(storedText(loadedFrom(ikeAction(PHASES))), " ", "\n"));
-    const Span           key  = loaded.source.find({Kind::ACTION, 3, "ikePhase1/presharedKey"});
-    const Span           name = loaded.source.find({Kind::ACTION, 3, "name"});
+    const Span           key  = loaded.place({Kind::ACTION, 3, "ikePhase1/presharedKey"});
+    const Span           name = loaded.place({Kind::ACTION, 3, "name"});
     LineSecrets          secrets(loaded.source);
     EXPECT_THAT(secrets.in(excerptSpan(loaded.text, name, WIDTH), name), IsEmpty());
     ASSERT_EQ(secrets.in(excerptSpan(loaded.text, key, WIDTH), key).size(), 1U);

@@ -4,6 +4,7 @@
 /// \file
 /// A document, what it loads as, and what stands where in it.
 
+#include "place_finder.h"
 #include "source.h"
 
 #include <ipsecimpl/config.h>
@@ -20,20 +21,24 @@ struct LoadedDocument {
         : text(std::move(document))
         , config(loadedFrom(text))
         , source(text, config)
+        , finder(source)
     {
     }
 
     std::string textAt(Span span) const { return text.substr(span.offset, span.length); }
 
+    Span place(const ObjectPath& path) const { return finder.find(path); }
+
     /// The text to which the path leads.
     std::string find(Kind kind, unsigned int id, const std::string& field) const
     {
-        return textAt(source.find({kind, id, field}));
+        return textAt(place({kind, id, field}));
     }
 
     const std::string            text;
     const ipsecimpl::IPsecConfig config;
     const Source                 source;
+    mutable PlaceFinder          finder;
 };
 
 #endif

@@ -105,7 +105,7 @@ TEST(Source, FindsSelectorsByTheirNumberInTheConfiguration)
     EXPECT_EQ(loaded.find(Kind::HOST_GROUP, 7, "selectors/1/addr1"), "10.0.0.3");
     EXPECT_EQ(loaded.find(Kind::HOST_GROUP, 7, "selectors/2/addr1"), "10.0.0.2");
     EXPECT_EQ(loaded.find(Kind::HOST_GROUP, 7, "selectors/3/addr1"), "10.0.0.1");
-    EXPECT_EQ(loaded.source.find({Kind::HOST_GROUP, 7, "selectors/3"}).offset, loaded.text.find("<hostSelector>"));
+    EXPECT_EQ(loaded.place({Kind::HOST_GROUP, 7, "selectors/3"}).offset, loaded.text.find("<hostSelector>"));
     EXPECT_EQ(loaded.find(Kind::HOST_GROUP, 7, "selectors/4"), loaded.find(Kind::HOST_GROUP, 7, "selectors"));
 }
 
@@ -185,8 +185,7 @@ TEST(Source, FindsEverythingInALongListToo)
     }
     const LoadedDocument hosts(hostGroups(selectors));
     EXPECT_EQ(hosts.find(Kind::HOST_GROUP, 7, "selectors/1000/addr1"), "10.0.0.1");
-    EXPECT_EQ(hosts.source.find({Kind::HOST_GROUP, 7, "selectors/1000"}).offset,
-              hosts.text.find(hostSelector("10.0.0.1")));
+    EXPECT_EQ(hosts.place({Kind::HOST_GROUP, 7, "selectors/1000"}).offset, hosts.text.find(hostSelector("10.0.0.1")));
 
     std::string phases = PHASES;
     phases.insert(phases.find("<transform>"), transforms);

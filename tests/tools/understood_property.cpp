@@ -187,7 +187,7 @@ TEST(UnderstoodProperty, AFindingsPathLeadsToItsPlace)
         if (std::any_of(findings.begin(), findings.end(), isDuplicate)) // whose path leads to the one that stays
             continue;
         for (const Finding& finding : findings) {
-            const Span span = loaded->source.find(finding.path);
+            const Span span = loaded->place(finding.path);
             ASSERT_TRUE(finding.path.id == 0 || (span.offset == finding.offset && span.length == finding.length))
                 << textOf(finding.path) << '\n'
                 << loaded->text;

@@ -10,6 +10,8 @@
 
 namespace {
 
+const std::size_t LONG_ENTRY = 4096;
+
 /// An SA proposal's protocol, which shares its tag with a selector's number.
 bool isProtocolWord(std::string_view tag, std::string_view text)
 {
@@ -59,6 +61,16 @@ EntryDetails detailsOf(std::string_view document, Span entry)
         addSecret(document, leaf, details.secrets);
     });
     return details;
+}
+
+const EntryDetails* LongEntries::detailsOf(std::string_view document, const SourceEntry& entry)
+{
+    if (entry.span.length <= LONG_ENTRY)
+        return nullptr;
+    const auto [place, isNew] = details_.try_emplace(entry.span.offset);
+    if (isNew)
+        place->second = ::detailsOf(document, entry.span);
+    return &place->second;
 }
 
 void addSecretsIn(std::string_view document, Span entry, Span span, std::vector<Span>& secrets)

@@ -4,10 +4,12 @@
 /// \file
 /// What one looks for in an entry of a document.
 
+#include "entry_index.h"
 #include "lexer.h"
 #include "span.h"
 
 #include <cstddef>
+#include <map>
 #include <string_view>
 #include <vector>
 
@@ -20,6 +22,17 @@ struct EntryDetails {
 };
 
 EntryDetails detailsOf(std::string_view document, Span entry);
+
+/// The details of long entries, each of which is gone through once. What is looked for in shorter ones is found as fast
+/// without.
+class LongEntries {
+  public:
+    /// Null if the entry is short. The details are kept.
+    const EntryDetails* detailsOf(std::string_view document, const SourceEntry& entry);
+
+  private:
+    std::map<std::size_t, EntryDetails> details_; // by the offset of the entry
+};
 
 /// Appends what secretsIn() has of an entry to `secrets`.
 void addSecretsIn(std::string_view document, Span entry, Span span, std::vector<Span>& secrets);

@@ -30,5 +30,6 @@ test_packages=("${build_packages[@]}" libgmock-dev libgtest-dev libxml2-utils lo
     strace)
 matrix_packages=("${test_packages[@]}" clang libc++-dev libc++abi-dev googletest g++-i686-linux-gnu
     g++-arm-linux-gnueabihf g++-powerpc-linux-gnu qemu-user)
+valgrind_packages=("${test_packages[@]}" libc6-dbg valgrind)
 bench_packages=("${build_packages[@]}" binutils g++-arm-linux-gnueabihf libbenchmark-dev libexpat1-dev libpugixml-dev
     libtinyxml2-dev libxml2-dev valgrind)

@@ -116,8 +116,9 @@ HostSelector RandomModel::hostSelector()
 
 ProtocolSelector RandomModel::protocolSelector()
 {
-    ProtocolSelector selector(visibleText(), 0, 0, 0, oneOf<Direction>(), false);
-    selector.mirrored = random_.percent(50);
+    ProtocolSelector selector(visibleText(), 0, 0, 0, PROTO_IN, false);
+    selector.direction = oneOf<Direction>();
+    selector.mirrored  = random_.percent(50);
     if (random_.percent(20))
         return selector;
     const auto port   = [this] { return static_cast<unsigned short>(random_.percent(30) ? 0 : number() & 0xFFFFU); };
@@ -154,9 +155,9 @@ ProtocolGroup RandomModel::protocolGroup()
 
 IPsecProposal RandomModel::saProposal()
 {
-    IPsecProposal proposal(oneOf<IPsecProtocol>(), number(), 0);
-    proposal.hash = number();
-    return proposal;
+    const IPsecProtocol protocol   = oneOf<IPsecProtocol>();
+    const unsigned long encryption = number();
+    return {protocol, encryption, number()};
 }
 
 IKEPhase1Proposal RandomModel::proposal()

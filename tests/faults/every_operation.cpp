@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <iostream>
 #include <set>
 #include <sstream>
 #include <string>
@@ -80,10 +81,13 @@ TEST(OutOfMemory, IsTriedInEveryOperationOfThePublicHeaders)
 {
     const std::vector<std::string> calls = firstCalls();
     std::set<std::string>          tried(calls.begin(), calls.end());
+    std::size_t                    uses = calls.size();
     for (const auto& list : {xmlOperations(), enumOperations(), selectorOperations(), groupOperations(),
                              keyingOperations(), actionOperations(), collectionOperations(), configOperations()})
-        for (const Operation& operation : list)
+        for (const Operation& operation : list) {
             tried.insert(operation.declaration);
+            ++uses;
+        }
 
     std::size_t              count = 0;
     std::vector<std::string> forgotten;
@@ -92,14 +96,16 @@ TEST(OutOfMemory, IsTriedInEveryOperationOfThePublicHeaders)
         std::ostringstream text;
         text << file.rdbuf();
         for (const std::string& declaration : publicOperations(text.str())) {
-            const bool isDestructor = declaration.find('~') != std::string::npos; // part of every other try
-            if (!isDestructor && tried.count(declaration) == 0)
+            if (declaration.find('~') != std::string::npos)
+                continue; // destructors are part of every try
+            if (tried.count(declaration) == 0)
                 forgotten.push_back(declaration);
             ++count;
         }
     }
     EXPECT_THAT(forgotten, IsEmpty());
-    EXPECT_GT(count, 190U) << "the headers declare more than that";
+    EXPECT_GT(count, 180U) << "the headers declare more than that";
+    std::cout << "operations that are declared: " << count << ", uses of them that are tried: " << uses << '\n';
 }
 
 } // namespace

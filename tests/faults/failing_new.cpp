@@ -1,7 +1,9 @@
 #include "faults/failing_new.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <new>
+#include <utility>
 
 #include <malloc.h>
 
@@ -10,6 +12,7 @@ namespace {
 const std::size_t NEVER = static_cast<std::size_t>(-1);
 
 ipsecimpl::MemoryInUse inUse     = {0, 0};
+std::size_t            peakBytes = 0;
 std::size_t            successes = NEVER; // that are left
 ipsecimpl::Shortage    kind      = ipsecimpl::Shortage::Once;
 bool                   failed    = false;
@@ -34,6 +37,7 @@ void* allocate(std::size_t size) noexcept
     if (block != nullptr) {
         ++inUse.blocks;
         inUse.bytes += malloc_usable_size(block);
+        peakBytes = std::max(peakBytes, inUse.bytes);
     }
     return block;
 }
@@ -76,6 +80,11 @@ bool ipsecimpl::FailingAllocation::happened() const
 ipsecimpl::MemoryInUse ipsecimpl::memoryInUse()
 {
     return inUse;
+}
+
+std::size_t ipsecimpl::takePeakBytes()
+{
+    return std::exchange(peakBytes, inUse.bytes);
 }
 
 std::ostream& ipsecimpl::operator<<(std::ostream& out, const MemoryInUse& memory)

@@ -44,6 +44,9 @@ std::ostream& operator<<(std::ostream& out, const MemoryInUse& memory);
 
 MemoryInUse memoryInUse();
 
+/// The most bytes that were in use at once since the last call, or since the program began.
+std::size_t takePeakBytes();
+
 } // namespace ipsecimpl
 
 #endif

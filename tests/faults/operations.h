@@ -34,7 +34,7 @@ class Operations {
 
     /// `call(target)` on what `make()` makes. It allocates.
     template <class Make, class Call>
-    Operations& fails(const std::string& declaration, const Make& make, const Call& call)
+    Operations& fails(const std::string& declaration, Make make, Call call)
     {
         return add(declaration, Memory::Needed,
                    [make, call](Shortage shortage) { return failEachAllocation(make, call, shortage); });
@@ -42,7 +42,7 @@ class Operations {
 
     /// The same where no memory is needed, so that shortage does not matter.
     template <class Make, class Call>
-    Operations& cannotFail(const std::string& declaration, const Make& make, const Call& call)
+    Operations& cannotFail(const std::string& declaration, Make make, Call call)
     {
         return add(declaration, Memory::NotNeeded,
                    [make, call](Shortage shortage) { return failEachAllocation(make, call, shortage); });
@@ -50,7 +50,7 @@ class Operations {
 
     /// The same where that is the standard library's affair.
     template <class Make, class Call>
-    Operations& mayFail(const std::string& declaration, const Make& make, const Call& call)
+    Operations& mayFail(const std::string& declaration, Make make, Call call)
     {
         return add(declaration, Memory::PerhapsNeeded,
                    [make, call](Shortage shortage) { return failEachAllocation(make, call, shortage); });
@@ -69,7 +69,7 @@ class Operations {
 
     /// `write(object, out)` of what `make()` makes.
     template <class Make, class Write>
-    Operations& stores(const std::string& declaration, const Make& make, const Write& write)
+    Operations& stores(const std::string& declaration, Make make, Write write)
     {
         return add(declaration, Memory::Needed, [make, write](Shortage shortage) {
             auto object = make();

@@ -42,13 +42,11 @@ std::vector<Operation> hostOperations()
         .fails("HostSelector(AddressFamily family, AddressType type, const std::string& addr1, int length) [refused]",
                nothing, [](Nothing&) { return HostSelector(HOST_INETANY, HOST_SUBNET_LENGTH, LONG, 24); })
         .fails("HostSelector(const HostSelector&)", one, [](HostSelector& s) { return HostSelector(s); })
-        .cannotFail("HostSelector(HostSelector&&)", one,
-                    [](HostSelector& s) { return HostSelector(std::move(s)); })
+        .cannotFail("HostSelector(HostSelector&&)", one, [](HostSelector& s) { return HostSelector(std::move(s)); })
         .fails(
             "operator=(const HostSelector& other)", two, [](Hosts & s) -> auto& { return s.first = s.second; })
         .cannotFail(
-            "operator=(HostSelector&&)", two,
-            [](Hosts & s) -> auto& { return s.first = std::move(s.second); })
+            "operator=(HostSelector&&)", two, [](Hosts & s) -> auto& { return s.first = std::move(s.second); })
         .cannotFail("mask2len(const AddressFamily& family, const char* mask)", nothing,
                     [](Nothing&) { return HostSelector::mask2len(HOST_INET, "255.255.255.0"); })
         .fails("mask2len(const AddressFamily& family, const char* mask) [refused]", nothing,

@@ -9,6 +9,7 @@ ipsecimpl_test(test_faults
   faults/group_operations.cpp
   faults/keying_operations.cpp
   faults/objects.cpp
+  faults/proportion.cpp
   faults/public_operations.cpp
   faults/public_operations_test.cpp
   faults/samples.cpp

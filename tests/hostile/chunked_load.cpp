@@ -4,6 +4,7 @@
 // is. One that takes none back does so too, unless a piece ends behind a bracket that has to go back: then the message
 // says that, and which elements are open there.
 
+#include "hostile/faulty_buffers.h"
 #include "hostile/small_documents.h"
 #include "hostile/sweep.h"
 

@@ -4,6 +4,7 @@
 // object, or a ParseError with the message of the document that breaks off there, and the stream is bad. With badbit in
 // the mask the buffer's own exception comes out, and nothing else. What the load was to replace is as it was.
 
+#include "hostile/faulty_buffers.h"
 #include "hostile/small_documents.h"
 #include "hostile/sweep.h"
 

@@ -16,6 +16,14 @@
 #include <string>
 #include <vector>
 
+// The C library's newlocale() loses what it makes of LOCPATH. Read by the leak sanitizer, where there is one.
+extern "C" const char* __lsan_default_suppressions();
+
+extern "C" const char* __lsan_default_suppressions()
+{
+    return "leak:__argz_add_sep\n";
+}
+
 namespace ipsecimpl {
 namespace {
 

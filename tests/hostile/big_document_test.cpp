@@ -53,7 +53,7 @@ TEST(BigDocument, IsLoadedInTheMemoryOfASmallOne)
     };
     const std::size_t small = peak(10'000);
     EXPECT_LE(peak(large), small + 100); // where pieces end may make a difference
-    EXPECT_LE(small, 2'000U);
+    EXPECT_LE(small, 8'000U);            // of which a library's deque may have 4 kB at once
 }
 
 TEST(BigDocument, LoadsAsWhatItHolds)
@@ -74,7 +74,7 @@ TEST(BigDocument, IsWalkedThroughInTheMemoryOfASmallOne)
     };
     const std::size_t small = peak(10'000);
     EXPECT_LE(peak(large), small + 100); // where pieces end may make a difference
-    EXPECT_LE(small, 2'000U);
+    EXPECT_LE(small, 8'000U);            // of which a library's deque may have 4 kB at once
 }
 
 TEST(BigDocument, HeldReadyInOnePieceOfMoreThan2GBIsReadWhole)

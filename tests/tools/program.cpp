@@ -19,6 +19,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+int programMain(int argc, char** argv); // the program's own main()
+
 namespace {
 
 void require(bool succeeded, const char* what)
@@ -68,21 +70,52 @@ void feed(int descriptor, const std::string& input)
     close(descriptor);
 }
 
-[[noreturn]] void become(const std::vector<std::string>& arguments, const std::function<void()>& prepare)
-{
-    std::vector<std::string> texts = {"ipsec-policy"};
-    texts.insert(texts.end(), arguments.begin(), arguments.end());
-    std::vector<char*> pointers;
-    for (std::string& text : texts)
-        pointers.push_back(text.data());
-    pointers.push_back(nullptr);
+/// What main() gets.
+class Arguments {
+  public:
+    explicit Arguments(const std::vector<std::string>& arguments)
+        : texts_{"ipsec-policy"}
+    {
+        texts_.insert(texts_.end(), arguments.begin(), arguments.end());
+        for (std::string& text : texts_)
+            pointers_.push_back(text.data());
+        pointers_.push_back(nullptr);
+    }
 
-    std::signal(SIGPIPE, SIG_DFL);
-    for (const char* const name : {"COLUMNS", "NO_COLOR"}) // the tests are not about whoever runs them
-        unsetenv(name);
-    prepare();
-    execv(PROGRAM_PATH, pointers.data());
-    _exit(127);
+    int    count() const { return static_cast<int>(texts_.size()); }
+    char** values() { return pointers_.data(); }
+
+  private:
+    std::vector<std::string> texts_;
+    std::vector<char*>       pointers_;
+};
+
+/// What becomes of a new process that does as `program` and ends with the status which that returns.
+Outcome runProcess(const std::string& input, const std::function<int()>& program)
+{
+    const Capture      out;
+    const Capture      err;
+    std::array<int, 2> pipe = {};
+    require(::pipe2(pipe.data(), O_CLOEXEC) == 0, "pipe2");
+
+    const pid_t child = fork();
+    require(child >= 0, "fork");
+    if (child == 0) {
+        close(pipe[1]); // or the input would have no end
+        dup2(pipe[0], STDIN_FILENO);
+        dup2(out.descriptor(), STDOUT_FILENO);
+        dup2(err.descriptor(), STDERR_FILENO);
+        std::signal(SIGPIPE, SIG_DFL);
+        for (const char* const name : {"COLUMNS", "NO_COLOR"}) // the tests are not about whoever runs them
+            unsetenv(name);
+        _exit(program());
+    }
+    close(pipe[0]);
+    feed(pipe[1], input);
+
+    int status = 0;
+    require(waitpid(child, &status, 0) == child, "waitpid");
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), out.text(), err.text()};
 }
 
 } // namespace
@@ -101,25 +134,19 @@ std::ostream& operator<<(std::ostream& out, const Outcome& outcome)
 
 Outcome run(const std::vector<std::string>& arguments, const std::string& input, const std::function<void()>& prepare)
 {
-    const Capture      out;
-    const Capture      err;
-    std::array<int, 2> pipe = {};
-    require(::pipe2(pipe.data(), O_CLOEXEC) == 0, "pipe2");
+    return runProcess(input, [&] {
+        prepare();
+        execv(PROGRAM_PATH, Arguments(arguments).values());
+        return 127;
+    });
+}
 
-    const pid_t child = fork();
-    require(child >= 0, "fork");
-    if (child == 0) {
-        dup2(pipe[0], STDIN_FILENO);
-        dup2(out.descriptor(), STDOUT_FILENO);
-        dup2(err.descriptor(), STDERR_FILENO);
-        become(arguments, prepare);
-    }
-    close(pipe[0]);
-    feed(pipe[1], input);
-
-    int status = 0;
-    require(waitpid(child, &status, 0) == child, "waitpid");
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), out.text(), err.text()};
+Outcome runCopy(const std::vector<std::string>& arguments, const std::string& input)
+{
+    return runProcess(input, [&] {
+        Arguments given(arguments);
+        return programMain(given.count(), given.values());
+    });
 }
 
 InFolder::InFolder()

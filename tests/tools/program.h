@@ -46,6 +46,10 @@ Outcome run(
     const std::vector<std::string>& arguments, const std::string& input = "",
     const std::function<void()>& prepare = [] {});
 
+/// As run(), but in a copy of the tests' process, for thousands of runs: to load a program each time takes longer than
+/// all that it does. Leaks are not looked for.
+Outcome runCopy(const std::vector<std::string>& arguments, const std::string& input);
+
 /// A folder of its own for each test, which is the current one while it runs.
 class InFolder : public ::testing::Test {
   protected:

@@ -83,12 +83,12 @@ TEST(BigDocument, HeldReadyInOnePieceOfMoreThan2GBIsReadWhole)
     if (size > std::numeric_limits<std::size_t>::max() / 2)
         GTEST_SKIP() << "there is no room for it";
     const std::string head = "<hostGroup>\n<name>n</name>\n<builtinName>-7";
-    OnePieceBuffer    buffer(head, 'x', size,
-                             "</builtinName>\n<descr>d</descr>\n<builtinDescr>8</builtinDescr>\n<selectors/>\n</hostGroup>"
-                                "the rest");
-    std::istream      in(&buffer);
-    XMLParser         parser(in);
-    const HostGroup   group = HostGroup::importXML(parser);
+    OnePieceBuffer    buffer(
+           head, 'x', size,
+           "</builtinName>\n<descr>d</descr>\n<builtinDescr>8</builtinDescr>\n<selectors/>\n</hostGroup>the rest");
+    std::istream    in(&buffer);
+    XMLParser       parser(in);
+    const HostGroup group = HostGroup::importXML(parser);
     EXPECT_EQ(group.name, "n");
     EXPECT_EQ(group.builtinName, -7);
     EXPECT_EQ(group.descr, "d");

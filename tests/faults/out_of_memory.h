@@ -154,6 +154,8 @@ std::size_t failEachAllocationOfAStore(T& object, const Write& write, Shortage s
                     write(object, out);
                 } catch (const std::bad_alloc&) {
                     seen = true;
+                } catch (const std::ios_base::failure&) { // where the buffer swallows it already
+                    seen = true;
                 }
                 happened = failing.happened();
             }

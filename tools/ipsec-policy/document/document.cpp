@@ -2,6 +2,7 @@
 
 #include "failure.h"
 #include "files.h"
+#include "huge_pages.h"
 #include "storability.h"
 #include "text.h"
 
@@ -78,6 +79,7 @@ IPsecConfig parseDocument(std::string_view text, const std::string& fileName)
 
 IPsecConfig parseDocument(std::string_view text)
 {
+    useHugePagesForHeap(2 * text.size());
     TextBuffer   buffer(text);
     std::istream in(&buffer);
     try {

@@ -1,13 +1,13 @@
 #include "files.h"
 
 #include "descriptor.h"
+#include "huge_pages.h"
 
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
 
 #include <fcntl.h>
-#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -43,17 +43,6 @@ Limit documentLimit(std::size_t maxSize)
 Failure sizeFailure(const std::string& fileName, const Limit& limit)
 {
     return fileFailure(fileName, "larger than " + sizeText(limit.bytes) + " (" + limit.remark + ')');
-}
-
-/// Lets the system give the memory of a large text in large pieces, if it can: small ones take it longer than to read
-/// the file.
-void useHugePages(const std::string& text)
-{
-    const std::uintptr_t PAGE  = 2 * 1024 * 1024;
-    const auto           begin = (reinterpret_cast<std::uintptr_t>(text.data()) + PAGE - 1) / PAGE * PAGE;
-    const auto           end   = (reinterpret_cast<std::uintptr_t>(text.data()) + text.capacity()) / PAGE * PAGE;
-    if (begin < end)
-        static_cast<void>(madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE));
 }
 
 /// Makes room for one block more, in steps that double and end at `maxSize`: the last one, while it copies, takes no

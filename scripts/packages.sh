@@ -32,5 +32,7 @@ test_packages=("${build_packages[@]}" clang libgmock-dev libgtest-dev libxml2-ut
 matrix_packages=("${test_packages[@]}" libc++-dev libc++abi-dev googletest g++-i686-linux-gnu
     g++-arm-linux-gnueabihf g++-powerpc-linux-gnu qemu-user)
 valgrind_packages=("${test_packages[@]}" libc6-dbg valgrind)
+fuzz_packages=(cmake ninja-build clang libclang-rt-dev)
+fuzz32_packages=(g++-i686-linux-gnu)
 bench_packages=("${build_packages[@]}" binutils g++-arm-linux-gnueabihf libbenchmark-dev libexpat1-dev libpugixml-dev
     libtinyxml2-dev libxml2-dev valgrind)

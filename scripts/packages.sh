@@ -29,6 +29,8 @@ build_packages=(cmake g++ ninja-build libcli11-dev nlohmann-json3-dev)
 test_packages=("${build_packages[@]}" libgmock-dev libgtest-dev libxml2-utils locales pkg-config
 test_packages=("${build_packages[@]}" clang libgmock-dev libgtest-dev libxml2-utils llvm pkg-config
     strace)
+test_packages=("${build_packages[@]}" clang libclang-rt-dev libgmock-dev libgtest-dev libxml2-utils llvm locales
+    pkg-config strace)
 matrix_packages=("${test_packages[@]}" libc++-dev libc++abi-dev googletest g++-i686-linux-gnu
     g++-arm-linux-gnueabihf g++-powerpc-linux-gnu qemu-user)
 valgrind_packages=("${test_packages[@]}" libc6-dbg valgrind)

@@ -36,5 +36,6 @@ matrix_packages=("${test_packages[@]}" libc++-dev libc++abi-dev googletest g++-i
 valgrind_packages=("${test_packages[@]}" libc6-dbg valgrind)
 fuzz_packages=(cmake ninja-build clang libclang-rt-dev)
 fuzz32_packages=(g++-i686-linux-gnu)
+lint_packages=("${build_packages[@]}" clang clang-format clang-tidy cppcheck)
 bench_packages=("${build_packages[@]}" binutils g++-arm-linux-gnueabihf libbenchmark-dev libexpat1-dev libpugixml-dev
     libtinyxml2-dev libxml2-dev valgrind)

@@ -3,12 +3,6 @@
 std::vector<const Command*> allCommands()
 {
     return {
-        &NEW_COMMAND,
-        &SHOW_COMMAND,
-        &CHECK_COMMAND,
-        &FORMAT_COMMAND,
-        &DIFF_COMMAND,
-        &EDIT_COMMAND,
-        &GRAPH_COMMAND,
+        &NEW_COMMAND, &SHOW_COMMAND, &CHECK_COMMAND, &FORMAT_COMMAND, &DIFF_COMMAND, &EDIT_COMMAND, &GRAPH_COMMAND,
     };
 }

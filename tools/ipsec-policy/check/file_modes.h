@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-/// Looks who else can read, change or replace the file, which holds keys if `document` does. Standard input, devices and pipes are
-/// left alone.
+/// Looks who else can read, change or replace the file, which holds keys if `document` does. Standard input, devices
+/// and pipes are left alone.
 void checkFileModes(const std::string& fileName, std::string_view document, Findings& findings);
 
 std::vector<const Rule*> fileModeRules();

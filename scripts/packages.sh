@@ -26,9 +26,6 @@ need_packages()
 
 # What a build of everything needs.
 build_packages=(cmake g++ ninja-build libcli11-dev nlohmann-json3-dev)
-test_packages=("${build_packages[@]}" libgmock-dev libgtest-dev libxml2-utils locales pkg-config
-test_packages=("${build_packages[@]}" clang libgmock-dev libgtest-dev libxml2-utils llvm pkg-config
-    strace)
 test_packages=("${build_packages[@]}" clang libclang-rt-dev libgmock-dev libgtest-dev libxml2-utils llvm locales
     pkg-config strace)
 matrix_packages=("${test_packages[@]}" libc++-dev libc++abi-dev googletest g++-i686-linux-gnu

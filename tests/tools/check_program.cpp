@@ -4,8 +4,8 @@
 #include "check_samples.h"
 #include "program.h"
 #include "rules.h"
-#include "support/golden.h"
 #include "sarif_log.h"
+#include "support/golden.h"
 
 #include <gmock/gmock.h>
 

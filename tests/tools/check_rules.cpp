@@ -88,10 +88,11 @@ TEST(CheckRules, AreExplainedInEightyColumnsWhereThereIsNoTerminal)
     EXPECT_EQ(run({"check", "--explain", "unauthenticated-encryption"}),
               printed(R"(unauthenticated-encryption (error): Encryption without authentication
 
-Who can change packets can read what is encrypted but not authenticated: there
-are working attacks. Numbers above 1 encrypt, a hash of 0 or 1 is none, and no
-AH makes up for it. An authenticated cipher (AEAD) needs no hash: if the number
-is that of one, say so in the file of --algorithms. Add a hash.
+Whoever can change packets can find out what is encrypted without being
+authenticated: there are attacks that work. Encryption numbers above 1 encrypt,
+hash numbers 0 and 1 are none, and there is no AH around it. An authenticated
+cipher (AEAD) needs no hash: if the number is that of one, say so in the file of
+--algorithms. Add a hash.
 
 See RFC 8221 section 4.
 )"));

@@ -21,7 +21,7 @@ extern "C" const char* __lsan_default_suppressions();
 
 extern "C" const char* __lsan_default_suppressions()
 {
-    return "leak:__argz_add_sep\n";
+    return "leak:argz_add_sep\n"; // with underscores where the C library has no debug symbols
 }
 
 namespace ipsecimpl {

@@ -13,6 +13,13 @@
 namespace ipsecimpl {
 namespace {
 
+// Where short texts take no memory, as in libc++ up to 22 bytes, there is less that can fail.
+#ifdef _LIBCPP_VERSION
+const std::size_t LEAST_OF_A_LOAD = 45;
+#else
+const std::size_t LEAST_OF_A_LOAD = 50;
+#endif
+
 class SampleOutOfMemory : public ::testing::TestWithParam<const char*> {};
 
 /// Loads `text` into a configuration that exists, from a stream on `Buffer`.
@@ -31,9 +38,12 @@ std::size_t failEachLoad(const std::string& text, Shortage shortage)
 TEST_P(SampleOutOfMemory, LoadsWholeOrNotAtAll)
 {
     const std::string text     = sample(GetParam());
-    std::size_t       failures = failEachLoad<std::stringbuf>(text, Shortage::Once);
-    failures += failEachLoad<std::stringbuf>(text, Shortage::Lasting);
-    EXPECT_GT(failures, 90U);
+    std::size_t       failures = 0;
+    for (const Shortage shortage : {Shortage::Once, Shortage::Lasting}) {
+        const std::size_t count = failEachLoad<std::stringbuf>(text, shortage);
+        EXPECT_GT(count, LEAST_OF_A_LOAD);
+        failures += count;
+    }
     report(failures);
 }
 

@@ -1,28 +1,12 @@
-# Runs the example program PROGRAM and compares all that it says and stores, and its exit status. Its files go to the
-# working directory.
+include(${CMAKE_CURRENT_LIST_DIR}/expect.cmake)
 
-set(config ${CMAKE_CURRENT_LIST_DIR}/configs/home-router.xml)
+set(config ${configs}/home-router.xml)
 set(said "\
 action 1 stays 'Discard': cannot change name of a built-in object
 action 2 stays 'Bypass': cannot change name of a built-in object
 action 5 'Cottage tunnel': forward secrecy turned on
 policy 9 added
 ")
-
-function(expect_equal what actual expected)
-  if(NOT "${actual}" STREQUAL "${expected}")
-    message(SEND_ERROR "${case}: ${what} is\n${actual}\nnot\n${expected}")
-  endif()
-endfunction()
-
-# Runs PROGRAM with the remaining arguments. Leaves its standard output in `stored` for the checks that follow.
-function(expect case status errors)
-  execute_process(COMMAND ${PROGRAM} ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE error)
-  expect_equal("exit status" "${result}" "${status}")
-  expect_equal("standard error" "${error}" "${errors}")
-  set(case "${case}" PARENT_SCOPE)
-  set(stored "${output}" PARENT_SCOPE)
-endfunction()
 
 # The document in `file` is the sample with the changes in edit_config.diff, and no others.
 function(expect_edited file)

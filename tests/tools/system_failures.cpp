@@ -5,11 +5,13 @@
 #include <array>
 #include <filesystem>
 #include <ostream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include <fcntl.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 namespace {
@@ -151,6 +153,32 @@ TEST_F(SystemFailures, NoFileTakesThePlaceOfAClosedStandardStream)
     });
     EXPECT_EQ(outcome, printed(""));
     EXPECT_EQ(run({"format", "-"}, document()), printed(contentOf("out.xml")));
+}
+
+/// What the program writes to standard error, call by call.
+std::vector<std::string> messagesOf(const std::vector<std::string>& arguments)
+{
+    std::array<int, 2> ends = {}; // of a socket that keeps apart what is written in different calls
+    if (socketpair(AF_UNIX, SOCK_DGRAM, 0, ends.data()) != 0)
+        throw std::runtime_error("no pair of sockets");
+    run(arguments, "", [&ends] { dup2(ends[1], STDERR_FILENO); });
+    close(ends[1]);
+
+    std::vector<std::string> messages;
+    std::string              block(4096, '\0');
+    for (ssize_t size = 0; (size = recv(ends[0], block.data(), block.size(), MSG_DONTWAIT)) > 0;)
+        messages.push_back(block.substr(0, static_cast<std::size_t>(size)));
+    close(ends[0]);
+    return messages;
+}
+
+TEST_F(SystemFailures, EachMessageIsWrittenInOneCallSoThatThoseOfOtherProgramsDoNotMix)
+{
+    EXPECT_THAT(messagesOf({"check", "a.xml", "b.xml"}),
+                testing::ElementsAre("ipsec-policy: a.xml: No such file or directory\n",
+                                     "ipsec-policy: b.xml: No such file or directory\n"));
+    EXPECT_THAT(messagesOf({"none"}),
+                testing::ElementsAre(testing::MatchesRegex("ipsec-policy: unknown command 'none'.*\nRun .*\n")));
 }
 
 // The sanitizers' run-time library reserves more memory than any limit that means something here.

@@ -1,13 +1,30 @@
 #include "failure.h"
 
-#include "files.h"
+#include "system_call.h"
 #include "text.h"
 
-#include <exception>
-#include <initializer_list>
+#include <cstddef>
+#include <iterator>
 #include <system_error>
 
+#include <sys/uio.h>
 #include <unistd.h>
+
+namespace {
+
+/// Takes `size` bytes from the start of the pieces, and returns where what is left of them begins.
+iovec* withoutFirst(iovec* piece, const iovec* end, std::size_t size)
+{
+    for (; piece != end && size >= piece->iov_len; ++piece)
+        size -= piece->iov_len;
+    if (piece != end) {
+        piece->iov_base = static_cast<char*>(piece->iov_base) + size;
+        piece->iov_len -= size;
+    }
+    return piece;
+}
+
+} // namespace
 
 Failure usageFailure(const std::string& command, const std::string& message)
 {
@@ -28,11 +45,14 @@ Failure systemFailure(const std::string& fileName, int error)
 
 void printMessage(std::string_view message) noexcept
 {
-    try {
-        for (const std::string_view piece :
-             {std::string_view(PROGRAM), std::string_view(": "), message, std::string_view("\n")})
-            writeAll(STDERR_FILENO, piece, {});
-    } catch (const std::exception&) {
-        // There is nowhere left to tell.
+    // All in one call: what programs that run at the same time write into one pipe or log must not mix.
+    const auto piece    = [](std::string_view text) { return iovec{const_cast<char*>(text.data()), text.size()}; };
+    iovec      pieces[] = {piece(PROGRAM), piece(": "), piece(message), piece("\n")};
+    for (iovec* rest = std::begin(pieces); rest != std::end(pieces);) {
+        const auto    count   = static_cast<int>(std::end(pieces) - rest);
+        const ssize_t written = retried([&] { return writev(STDERR_FILENO, rest, count); });
+        if (written <= 0)
+            return; // there is nowhere left to tell
+        rest = withoutFirst(rest, std::end(pieces), static_cast<std::size_t>(written));
     }
 }

@@ -39,8 +39,8 @@ Failure fileFailure(const std::string& fileName, const std::string& message);
 /// The failure of a system call on a file: its name as the operator gave it, and what `error` (an errno) means.
 Failure systemFailure(const std::string& fileName, int error);
 
-/// Writes a message, with the program's name in front, to standard error. Asks for no memory, so that running out of it
-/// can be reported too. That nobody may read it is no failure.
+/// Writes a message, with the program's name in front, to standard error, in one call of the system. Asks for no
+/// memory, so that running out of it can be reported too. That nobody may read it is no failure.
 void printMessage(std::string_view message) noexcept;
 
 #endif

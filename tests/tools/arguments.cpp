@@ -52,8 +52,9 @@ Commands:
   diff                  Tell what differs between two configurations.
   edit                  Change a configuration with commands, all or nothing.
   graph                 Draw which policies tie what, for Graphviz.
+  help                  Tell how a command is used, as its --help does.
 
-'ipsec-policy COMMAND --help' tells more about a command.
+'ipsec-policy COMMAND --help', or 'help COMMAND', tells more about a command.
 
 Exit status: 0 if all is well; 1 for findings or differences, and for a
 configuration that does not load, or would not once it is written; 2 for wrong
@@ -133,7 +134,14 @@ TEST_P(EveryCommand, HasHelpWithAnExampleThatFitsEightyColumns)
 }
 
 INSTANTIATE_TEST_SUITE_P(Arguments, EveryCommand,
-                         testing::Values("new", "show", "check", "format", "diff", "edit", "graph"));
+                         testing::Values("new", "show", "check", "format", "diff", "edit", "graph", "help"));
+
+TEST(Arguments, HelpMayBeAskedForAsACommand)
+{
+    EXPECT_EQ(run({"help"}), run({"--help"}));
+    for (const std::string command : {"new", "show", "check", "format", "diff", "edit", "graph", "help"})
+        EXPECT_EQ(run({"help", command}), run({command, "--help"})) << command;
+}
 
 struct WrongUsage {
     std::vector<std::string> arguments;
@@ -173,7 +181,7 @@ std::string noLevel(const std::string& level)
     return "wrong use of option '--level': '" + level + "' is none of error, warning, note";
 }
 
-const std::string ALL_COMMANDS = "there are new, show, check, format, diff, edit, graph";
+const std::string ALL_COMMANDS = "there are new, show, check, format, diff, edit, graph, help";
 const std::string LATE         = " (the options of a command stand behind its name)";
 
 // clang-format off
@@ -191,6 +199,15 @@ const WrongUsage WRONG_USAGES[] = {
     {{"--none", "show", "a"},              "", "unknown option '--none'"},
     {{"new", "-o", ""},                    "new",    "option '--output' has an empty value"},
     {{"new", "x"},                         "new",    "unexpected argument 'x'"},
+    {{"bogus", "--help"},                  "", "unknown command 'bogus': " + ALL_COMMANDS},
+    {{"--help", "bogus"},                  "", "unknown command 'bogus': " + ALL_COMMANDS},
+    {{"-", "--help"},                      "", "unknown command '-': " + ALL_COMMANDS},
+    {{"set action 4 presharedKey=x"},      "", "unknown command 'set': " + ALL_COMMANDS},
+    {{"--version", "extra\x1b"},           "", "unexpected argument 'extra\\x1b' behind '--version'"},
+    {{"-V", "show"},                       "", "unexpected argument 'show' behind '--version'"},
+    {{"help", "bogus"},                    "", "unknown command 'bogus': " + ALL_COMMANDS},
+    {{"help", "eddit"},                    "", "unknown command 'eddit' (did you mean 'edit'?)"},
+    {{"help", "show", "edit"},             "help",   "unexpected argument 'edit'"},
     {{"show"},                             "show",   "FILE is required"},
     {{"show", "a", "actions", "1", "x"},   "show",   "unexpected argument 'x'"},
     {{"show", "a", "--json=x"},            "show",   "option '--json' takes no value"},

@@ -25,6 +25,7 @@ TEST_F(Complete, TheFirstWordIsACommandOrAnOptionOfTheProgram)
     EXPECT_THAT(completed({""}), testing::IsSupersetOf({"new\tMake a starter configuration.",
                                                         "show\tShow a configuration as tables, without its keys.",
                                                         "graph\tDraw which policies tie what, for Graphviz.",
+                                                        "help\tTell how a command is used, as its --help does.",
                                                         "--help\tPrint this help message and exit"}));
     EXPECT_EQ(completed({}), completed({""}));
     EXPECT_THAT(wordsFor({"sh"}), ElementsAre("show"));
@@ -43,7 +44,7 @@ TEST_F(Complete, EveryCommandIsOfferedAndNothingHidden)
 
 TEST_F(Complete, OptionsAreThoseThatTheHelpOfTheCommandLists)
 {
-    for (const std::string command : {"new", "show", "check", "format", "diff", "edit", "graph"}) {
+    for (const std::string command : {"new", "show", "check", "format", "diff", "edit", "graph", "help"}) {
         const std::string        help  = run({command, "--help"}).out;
         std::vector<std::string> words = wordsFor({command, "--"});
         EXPECT_THAT(words, Contains("--help"));

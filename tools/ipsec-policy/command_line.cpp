@@ -45,7 +45,7 @@ Arguments readArguments(const CLI::App& command, const std::vector<std::string>&
 std::vector<std::string>::const_iterator findCommand(const std::vector<std::string>& words)
 {
     return std::find_if(words.begin(), words.end(),
-                        [](const std::string& word) { return word.empty() || word.front() != '-'; });
+                        [](const std::string& word) { return word.size() < 2 || word.front() != '-'; });
 }
 
 const CLI::Option* optionIn(const CLI::App& command, std::string_view word)

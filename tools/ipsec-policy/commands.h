@@ -32,6 +32,7 @@ extern const Command FORMAT_COMMAND;
 extern const Command DIFF_COMMAND;
 extern const Command EDIT_COMMAND;
 extern const Command GRAPH_COMMAND;
+extern const Command HELP_COMMAND;
 
 /// All of them, as the help lists them.
 std::vector<const Command*> allCommands();

@@ -130,6 +130,8 @@ void Completion::addValues(const CLI::Option& argument, const CLI::App& command,
     } else if (word == "KIND") {
         for (const Kind kind : ALL_KINDS)
             add({wordsOf(kind).plural, ""});
+    } else if (word == "TOPIC") {
+        addCommands();
     } else if (word == "OBJECT") {
         addObjects(command, arguments);
     } else if (word == "COMMAND") {

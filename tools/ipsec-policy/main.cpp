@@ -86,7 +86,7 @@ void declareArguments(CLI::App& app, std::function<ExitStatus()>& chosen)
     app.set_version_flag("-V,--version", buildFacts, "Print the version and how the program was built, and exit")
         ->disable_flag_override();
     app.require_subcommand(1);
-    app.footer("'ipsec-policy COMMAND --help' tells more about a command.\n\n"
+    app.footer("'ipsec-policy COMMAND --help', or 'help COMMAND', tells more about a command.\n\n"
                "Exit status: 0 if all is well; 1 for findings or differences, and for a\n"
                "configuration that does not load, or would not once it is written; 2 for wrong\n"
                "usage and for what cannot be read or written.");

@@ -79,7 +79,8 @@ std::string unknownCommand(const CLI::App& program, const std::string& word)
 {
     const std::vector<std::string> commands = commandsOf(program);
     const std::string              meant    = nearest(word, commands);
-    return "unknown command '" + printable(word) + '\'' +
+    // Where 'edit' was forgotten, what begins with a blank or an equals sign may be a key.
+    return "unknown command '" + printable(word.substr(0, word.find_first_of(" \t\n="))) + '\'' +
            (meant.empty() ? ": there are " + joined(commands) : " (did you mean '" + meant + "'?)");
 }
 
@@ -122,13 +123,26 @@ std::string messageOf(const CLI::App& command, const CLI::Error& error)
 
 void refuseMisusedOptions(const CLI::App& program, const std::vector<std::string>& words)
 {
-    const auto name = findCommand(words);
-    refuseMisusedOptions(program, readArguments(program, {words.begin(), name}));
+    const auto      name   = findCommand(words);
+    const Arguments before = readArguments(program, {words.begin(), name});
+    refuseMisusedOptions(program, before);
     if (name == words.end())
         return;
+    const bool asksForVersion = std::any_of(before.options.begin(), before.options.end(), [&](const auto& given) {
+        return given.option == program.get_version_ptr();
+    });
+    if (asksForVersion)
+        throw failureOf(program, "unexpected argument '" + printable(*name) + "' behind '--version'");
+    const CLI::App& command = commandNamed(program, *name);
+    refuseMisusedOptions(command, readArguments(command, {std::next(name), words.end()}));
+}
+
+const CLI::App& commandNamed(const CLI::App& program, const std::string& name)
+{
     for (const CLI::App* command : program.get_subcommands({}))
-        if (command->get_name() == *name)
-            refuseMisusedOptions(*command, readArguments(*command, {std::next(name), words.end()}));
+        if (command->get_name() == name)
+            return *command;
+    throw failureOf(program, unknownCommand(program, name));
 }
 
 Failure argumentsFailure(const CLI::App& program, const CLI::Error& error)

@@ -91,6 +91,24 @@ TEST_F(EditStoring, TakesEveryNameForTheOldFileLiterally)
     EXPECT_EQ(fileNames().size(), 7U);
 }
 
+TEST_F(EditStoring, KeepsOtherFilesThatHaveTheNameForTheOldOne)
+{
+    writeFile("old.xml", "precious");
+    EXPECT_EQ(edit({RENAME}, {"--backup=old.xml"}),
+              troubled("old.xml: exists already, and is not replaced by the backup"));
+    EXPECT_EQ(contentOf("old.xml"), "precious");
+    EXPECT_EQ(contentOf("p.xml"), writtenForm(BEFORE));
+    EXPECT_THAT(fileNames(), ElementsAre("old.xml", "p.xml"));
+}
+
+TEST_F(EditStoring, KeepsTheLastFileOnlyUnderTheUsualName)
+{
+    EXPECT_EQ(edit({"set host-group web name=w"}, {"--backup"}), printed(""));
+    EXPECT_EQ(edit({"set host-group w name=www"}, {"--backup"}), printed(""));
+    EXPECT_EQ(contentOf("p.xml~"), writtenForm(changed(BEFORE, "<name>web", "<name>w")));
+    EXPECT_EQ(contentOf("p.xml"), writtenForm(AFTER));
+}
+
 TEST_F(EditStoring, BackupTakesNoNameFromTheNextWord)
 {
     EXPECT_EQ(run({"edit", "--backup", "p.xml", "-e", RENAME}), printed(""));

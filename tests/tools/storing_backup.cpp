@@ -35,12 +35,21 @@ TEST_F(StoringBackup, KeepsTheOldContent)
     EXPECT_THAT(fileNames(), ElementsAre("policy.xml", "policy.xml.bak"));
 }
 
-TEST_F(StoringBackup, ReplacesAnEarlierOne)
+TEST_F(StoringBackup, OfTheUsualNameReplacesTheEarlierOne)
 {
-    writeFile("policy.xml.bak", "older and longer");
-    EXPECT_EQ(edit("policy.xml", "new", "policy.xml.bak"), "");
-    EXPECT_EQ(contentOf("policy.xml.bak"), "old");
-    EXPECT_THAT(fileNames(), ElementsAre("policy.xml", "policy.xml.bak"));
+    writeFile("policy.xml~", "older and longer");
+    EXPECT_EQ(edit("policy.xml", "new", "policy.xml~"), "");
+    EXPECT_EQ(contentOf("policy.xml~"), "old");
+    EXPECT_THAT(fileNames(), ElementsAre("policy.xml", "policy.xml~"));
+}
+
+TEST_F(StoringBackup, OfAnotherNameReplacesNothing)
+{
+    for (const std::string name : {"policy.xml.bak", "other.xml~"}) {
+        writeFile(name, "of somebody else");
+        expectRefusal(name, name + ": exists already, and is not replaced by the backup");
+        EXPECT_EQ(contentOf(name), "of somebody else");
+    }
 }
 
 TEST_F(StoringBackup, HasTheModeOfTheFileWhateverTheEarlierOneHad)
@@ -48,9 +57,9 @@ TEST_F(StoringBackup, HasTheModeOfTheFileWhateverTheEarlierOneHad)
     for (const mode_t mode : {0600U, 0640U, 0444U, 0604U}) {
         writeFile("policy.xml", "old");
         ASSERT_EQ(chmod("policy.xml", mode), 0);
-        ASSERT_EQ(edit("policy.xml", "new", "policy.xml.bak"), "");
-        EXPECT_EQ(modeOf("policy.xml.bak"), mode);
-        ASSERT_EQ(chmod("policy.xml.bak", 0666), 0);
+        ASSERT_EQ(edit("policy.xml", "new", "policy.xml~"), "");
+        EXPECT_EQ(modeOf("policy.xml~"), mode);
+        ASSERT_EQ(chmod("policy.xml~", 0666), 0);
         ASSERT_EQ(chmod("policy.xml", 0600), 0);
     }
 }

@@ -106,15 +106,15 @@ class ChangedMeanwhile : public StoringEditedFile, public testing::WithParamInte
 TEST_P(ChangedMeanwhile, IsRefusedAndNothingIsTouched)
 {
     EditedFile file("policy.xml", USUAL_MAX_SIZE);
-    writeFile("backup.xml", "an older one");
+    writeFile("policy.xml~", "an older one");
     GetParam().make();
     const auto namesBefore = fileNames();
     const bool exists      = std::filesystem::is_regular_file("policy.xml");
     const auto before      = exists ? contentOf("policy.xml") : "";
-    EXPECT_EQ(failureOf([&] { file.replace("new", "backup.xml"); }), CHANGED);
+    EXPECT_EQ(failureOf([&] { file.replace("new", "policy.xml~"); }), CHANGED);
     EXPECT_EQ(fileNames(), namesBefore);
     EXPECT_EQ(exists ? contentOf("policy.xml") : "", before);
-    EXPECT_EQ(contentOf("backup.xml"), "an older one");
+    EXPECT_EQ(contentOf("policy.xml~"), "an older one");
 }
 
 /// Gives the file back the times that it had.

@@ -70,6 +70,21 @@ TEST_F(StoringFallbacks, ANewFileIsMadeWithoutLinks)
     expectNewFile();
 }
 
+TEST_F(StoringFallbacks, ABackupThatReplacesNothingIsMadeWithoutExclusiveRenamesAndWithoutLinks)
+{
+    const Traced withBackup = {EDITED_FILE_PATH, {"policy.xml", "backup.xml"}, "new"};
+    for (const std::vector<std::string>& lack : {NO_EXCLUSIVE_RENAME, NO_LINKS}) {
+        writeFile("policy.xml", "old");
+        EXPECT_EQ(runWithout(lack, {}, withBackup), printed(""));
+        EXPECT_EQ(contentOf("policy.xml"), "new");
+        EXPECT_EQ(contentOf("backup.xml"), "old");
+        EXPECT_THAT(fileNames(), ElementsAre("backup.xml", "policy.xml"));
+        EXPECT_EQ(runWithout(lack, {}, withBackup),
+                  troubled("backup.xml: exists already, and is not replaced by the backup"));
+        EXPECT_EQ(unlink("backup.xml"), 0);
+    }
+}
+
 TEST_F(StoringFallbacks, AKernelWithoutTheCallsIsLikeAFileSystemWithoutThem)
 {
     for (const std::string error : {"ENOSYS", "EOPNOTSUPP", "EPERM"}) {

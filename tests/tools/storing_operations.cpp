@@ -48,7 +48,7 @@ const std::vector<Operation>& storingOperations()
         {"over another file", {PROGRAM_PATH, {"format", "in.xml", "-o", "policy.xml"}, ""},       true},
         {"into a new file",   {PROGRAM_PATH, {"format", "in.xml", "-o", "policy.xml"}, ""},       false},
         {"a starter",         {PROGRAM_PATH, {"new", "-o", "policy.xml"}, ""},                    false},
-        {"with a backup",     {EDITED_FILE_PATH, {"policy.xml", "backup.xml"}, "new and longer"}, true, true},
+        {"with a backup",     {EDITED_FILE_PATH, {"policy.xml", "policy.xml~"}, "new and longer"}, true, true},
     };
     // clang-format on
     return operations;
@@ -84,7 +84,7 @@ void StoringFaults::prepare() const
     static_cast<void>(setxattr("policy.xml", "user.origin", "x", 1, 0)); // not every file system has these
     ASSERT_EQ(chmod("policy.xml", STORED_MODE), 0);
     if (GetParam().makesBackup)
-        writeFile("backup.xml", EARLIER_BACKUP);
+        writeFile("policy.xml~", EARLIER_BACKUP);
 }
 
 void StoringFaults::forEachCall(const std::string&                                            fault,
@@ -141,6 +141,6 @@ void StoringFaults::expectBackup() const
 {
     if (!GetParam().makesBackup)
         return;
-    const std::string backup = contentOf("backup.xml");
+    const std::string backup = contentOf("policy.xml~");
     EXPECT_TRUE(backup == old_ || (backup == EARLIER_BACKUP && !isNew()));
 }

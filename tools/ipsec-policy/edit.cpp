@@ -138,7 +138,7 @@ try {
 
 std::string backupName(const Options& options)
 {
-    return options.backup.empty() ? options.file + '~' : options.backup;
+    return options.backup.empty() ? usualBackup(options.file) : options.backup;
 }
 
 /// What to tell of an edit that is done, or is not to be done.
@@ -183,7 +183,10 @@ std::function<ExitStatus()> declare(CLI::App& arguments)
     addFlag(arguments, "--force", options->force, FORCE_HELP);
     // A flag, lest FILE be taken for its value; in braces stands what it has without one: nothing.
     const CLI::Option* const backup =
-        arguments.add_flag("--backup{}", options->backup, "Keep the old file as FILE~, or as NAME")->type_name("NAME");
+        arguments
+            .add_flag("--backup{}", options->backup,
+                      "Keep the old file as FILE~, in place of the one\nbefore it, or as NAME, which must not exist")
+            ->type_name("NAME");
     addMaxSize(arguments, options->maxSize);
     return [options, backup] {
         options->keepsBackup = backup->count() > 0;

@@ -33,8 +33,10 @@ class Backup {
   public:
     /// Writes it, yet without the name.
     Backup(const LockedFile& file, std::string_view content, const std::string& name)
-        : place_(name)
-        , copy_((refuseOthers(file), place_))
+        : file_(file)
+        , mayReplace_(name == usualBackup(file.place().fileName()))
+        , place_(name)
+        , copy_((refuseOthers(), place_))
     {
         // Others may get at the folder who could not get at the file's.
         if (place_.isInFolderOf(file.place()))
@@ -46,13 +48,19 @@ class Backup {
 
     void finish()
     {
-        copy_.replace();
+        if (mayReplace_) {
+            copy_.replace();
+        } else if (!copy_.takePlace()) {
+            refuseOthers(); // the file system can do no better than look and then replace
+            copy_.replace();
+        }
         place_.sync(": the backup may not last");
     }
 
   private:
-    /// What is not a file of its own is not replaced: the file itself, links, folders, devices.
-    void refuseOthers(const LockedFile& file) const
+    /// Only an earlier backup is replaced: no file of another name than backups have, and what is not a file of its own
+    /// by no means, such as the file itself, links, folders and devices.
+    void refuseOthers() const
     {
         struct stat there = {};
         struct stat ours  = {};
@@ -60,15 +68,24 @@ class Backup {
             return;
         if (!S_ISREG(there.st_mode))
             throw fileFailure(place_.fileName(), "is not a regular file, and so not replaced by the backup");
-        if (file.place().find(ours) && isSameFile(there, ours))
+        if (file_.place().find(ours) && isSameFile(there, ours))
             throw fileFailure(place_.fileName(), "is the file itself, and so cannot be its backup");
+        if (!mayReplace_)
+            throw fileFailure(place_.fileName(), "exists already, and is not replaced by the backup");
     }
 
-    FilePlace     place_;
-    TemporaryFile copy_;
+    const LockedFile& file_;
+    bool              mayReplace_;
+    FilePlace         place_;
+    TemporaryFile     copy_;
 };
 
 } // namespace
+
+std::string usualBackup(const std::string& fileName)
+{
+    return fileName + '~';
+}
 
 EditedFile::EditedFile(const std::string& fileName, std::size_t maxSize)
     : name_(fileName)

@@ -9,6 +9,9 @@
 class FileVersion;
 class LockedFile;
 
+/// The name under which a file's old content is usually kept, and the earlier one is replaced.
+std::string usualBackup(const std::string& fileName);
+
 /// A document's file that is to be replaced by what becomes of it.
 ///
 /// From the beginning to its end it holds a lock, so that no second ipsec-policy edits the file meanwhile. All of it
@@ -30,8 +33,8 @@ class EditedFile {
 
     /// Puts `text` into the file, whole or not at all, with the file's mode, owner and attributes; symbolic links are
     /// followed. If `backup` is not empty, the old content is kept under that name, for nobody who could not read it
-    /// before; a regular file of that name is replaced. Refuses when the file is not any more what was read.
-    /// To be called once at most.
+    /// before. Refuses to replace what has that name already, unless it is a regular file and the usual backup, and
+    /// when the file is not any more what was read. To be called once at most.
     void replace(std::string_view text, const std::string& backup);
 
   private:

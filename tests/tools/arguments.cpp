@@ -184,6 +184,8 @@ std::string noLevel(const std::string& level)
 const std::string ALL_COMMANDS = "there are new, show, check, format, diff, edit, graph, help";
 const std::string LATE         = " (the options of a command stand behind its name)";
 
+const std::string COMMAND_FOR_FILE = "a command stands where a file is expected: -e goes before each command";
+
 // clang-format off
 const WrongUsage WRONG_USAGES[] = {
     {{},                                   "", "a command is required\nUsage: ipsec-policy [OPTION ...] COMMAND ..."},
@@ -197,8 +199,6 @@ const WrongUsage WRONG_USAGES[] = {
     {{"--show-keys"},                      "", "unknown option '--show-keys'" + LATE},
     {{"--show-keys", "show", "a"},         "", "unknown option '--show-keys'" + LATE},
     {{"--none", "show", "a"},              "", "unknown option '--none'"},
-    {{"new", "-o", ""},                    "new",    "option '--output' has an empty value"},
-    {{"new", "x"},                         "new",    "unexpected argument 'x'"},
     {{"bogus", "--help"},                  "", "unknown command 'bogus': " + ALL_COMMANDS},
     {{"--help", "bogus"},                  "", "unknown command 'bogus': " + ALL_COMMANDS},
     {{"-", "--help"},                      "", "unknown command '-': " + ALL_COMMANDS},
@@ -208,6 +208,8 @@ const WrongUsage WRONG_USAGES[] = {
     {{"help", "bogus"},                    "", "unknown command 'bogus': " + ALL_COMMANDS},
     {{"help", "eddit"},                    "", "unknown command 'eddit' (did you mean 'edit'?)"},
     {{"help", "show", "edit"},             "help",   "unexpected argument 'edit'"},
+    {{"new", "-o", ""},                    "new",    "option '--output' has an empty value"},
+    {{"new", "x"},                         "new",    "unexpected argument 'x'"},
     {{"show"},                             "show",   "FILE is required"},
     {{"show", "a", "actions", "1", "x"},   "show",   "unexpected argument 'x'"},
     {{"show", "a", "--json=x"},            "show",   "option '--json' takes no value"},
@@ -278,6 +280,8 @@ const WrongUsage WRONG_USAGES[] = {
     {{"edit", "a", "b", "-e", "c"},        "edit",   "commands are required, with -e or in a SCRIPT (not both)"},
     {{"edit", "a", "b", "c"},              "edit",   "unexpected argument (a command with blanks must be in quotes)"},
     {{"edit", "a", "-e", "b", "c", "d"},   "edit",   "unexpected argument (a command with blanks must be in quotes)"},
+    {{"edit", "a", "set action 1 ikePhase1/presharedKey=x"}, "edit", COMMAND_FOR_FILE},
+    {{"edit", "add action x", "-e", "y"},  "edit",   COMMAND_FOR_FILE},
     {{"edit", "a", "-e"},                  "edit",   "option '--command' needs a value"},
     {{"edit", "a", "-e", ""},              "edit",   "option '--command' has an empty value"},
     {{"edit", "a", "--comand=b"},          "edit",   "unknown option '--comand' (did you mean '--command'?)"},

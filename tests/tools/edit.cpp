@@ -285,6 +285,29 @@ TEST_F(Editing, NamesTheScriptAndTheLine)
     EXPECT_EQ(contentOf("p.xml"), writtenForm(document()));
 }
 
+TEST_F(Editing, RefusesAScriptThatIsNoText)
+{
+    hold(document());
+    EXPECT_EQ(run({"edit", "p.xml", "-"}, std::string("add host-group a\nadd host-group x\0y", 35)),
+              troubled("standard input:2: a NUL character stands here: a script is a text (in double quotes, \\x00 "
+                       "stands for one)"));
+    EXPECT_EQ(contentOf("p.xml"), writtenForm(document()));
+}
+
+TEST_F(Editing, TakesSingleQuotesLikeDoubleOnes)
+{
+    hold(document());
+    EXPECT_EQ(edit({"add host-group \"Head \\\"office\\\"\" descr=\"C:\\\\new\" selectors=\"any4, local6\"",
+                    "add protocol-group \"Bob's\" selectors=\"tcp/80 named \\\"a, b\\\"\""}),
+              printed(""));
+    const std::string after = contentOf("p.xml");
+    hold(document());
+    EXPECT_EQ(edit({"add host-group 'Head \"office\"' descr='C:\\new' selectors='any4, local6'",
+                    "add protocol-group Bob's selectors=\"tcp/80 named 'a, b'\""}),
+              printed(""));
+    EXPECT_EQ(contentOf("p.xml"), after);
+}
+
 TEST_F(Editing, DoesWhatTheManualShows)
 {
     const std::string FENCE  = "```\n";

@@ -37,12 +37,13 @@ TEST_P(RefusedCommand, ChangesNothingAndSaysWhy)
     expectRefused(sample(), {"add host-group new", GetParam().command}, GetParam().message);
 }
 
-const std::string KIND      = "here must stand host-group, protocol-group, action, policy";
-const std::string IN_QUOTES = " is missing (an '=' in a name must be in quotes)";
-const std::string NO_FIELD  = " names no field that can be set here";
-const std::string NOT_FIELD = " is not FIELD=VALUE (a value with blanks must be in quotes)";
-const std::string LESS_THAN = ": a document cannot hold a text with '<' in it";
-const std::string WHITE     = ": a document cannot hold a text with white space at an end";
+const std::string KIND         = "here must stand host-group, protocol-group, action, policy";
+const std::string IN_QUOTES    = " is missing (an '=' in a name must be in quotes)";
+const std::string NO_FIELD     = " names no field that can be set here";
+const std::string NOT_FIELD    = " is not FIELD=VALUE (a value with blanks must be in quotes)";
+const std::string QUOTED_WHOLE = " is not FIELD=VALUE (quotes stand around the VALUE alone)";
+const std::string LESS_THAN    = ": a document cannot hold a text with '<' in it";
+const std::string WHITE        = ": a document cannot hold a text with white space at an end";
 
 // clang-format off
 const Refusal COMMANDS[] = {
@@ -56,10 +57,13 @@ const Refusal COMMANDS[] = {
     {"add host-group x y",              "word 4" + NOT_FIELD},
     {"add host-group x name=y",         "word 4 ('name')" + NO_FIELD},
     {"add host-group x descr=a b=c",    "word 5" + NO_FIELD},
-    {"add host-group x \"de\"scr=a",    "word 4" + NOT_FIELD},
+    {"add host-group x d\"e\"scr=a",    "word 4" + NOT_FIELD},
     {"add host-group x spdAction=NONE", "word 4 ('spdAction')" + NO_FIELD},
     {"add host-group x id=5 id=6",      "word 5 gives id once more"},
     {"add host-group \"x",              "a quote is not closed"},
+    {"add host-group 'x",               "a quote is not closed"},
+    {"add protocol-group x selectors=tcp/80-90",
+                                        "'80-90' is no port: a selector has one, or any, but no range"},
     {"add host-group \"\\q\"",          "an escape in quotes is none of \\\" \\\\ \\n \\r \\t \\xHH \\u{H...}"},
     {"add host-group \" x\"",           "name" + WHITE},
     {"add host-group \"x\\n\"",         "name" + WHITE},
@@ -138,7 +142,7 @@ const Refusal COMMANDS[] = {
     {"set policy 1 hostGroupID=",       "no host group is named ''"},
     {"set action 1 changeCount=1",      "word 4 ('changeCount')" + NO_FIELD},
     {"set action 1 builtinName=1",      "word 4 ('builtinName')" + NO_FIELD},
-    {"set action 1 \"\x1b\"=1",         "word 4" + NOT_FIELD},
+    {"set action 1 \"\x1b\"=1",         "word 4" + QUOTED_WHOLE},
     {"set action 1 a\x1b=1",            "word 4" + NO_FIELD},
     {"set action 1 c2VjcmV0==",         "word 4" + NO_FIELD},
     {"set action 1 spdAction=bypass",   "'bypass' is no spdAction (NONE, BYPASS, DISCARD, TRANSPORT, TUNNEL)"},
@@ -146,11 +150,11 @@ const Refusal COMMANDS[] = {
     {"set action 1 tunnelEndpoint=a",   "tunnelEndpoint is only defined for IPSEC-TUNNEL"},
     {"set action 1 spdAction=TUNNEL tunnelEndpoint=a<", "tunnelEndpoint" + LESS_THAN},
     {"set action 1 type=1 type=1",      "word 5 gives type once more"},
-    {"set action 1 keyMgr=IKE ikePhase1/authType=psk", "'psk' is no ikePhase1/authType (PSK, RSA)"},
+    {"set action 1 keyMgr=IKE ikePhase1/authType=psk", "what is given is no ikePhase1/authType (PSK, RSA)"},
     {"set action 1 keyMgr=IKE ikePhase1/proposal/dhGroup=14",
                                         "'14' is no ikePhase1/proposal/dhGroup (NONE, G1, G2, G14)"},
     {"set action 1 keyMgr=IKE ikePhase1/proposal/transform=IKE_AES_SHA,AES",
-                                        "'AES' is no ikePhase1/proposal/transform (IKE_NONE, IKE_AES_SHA, IKE_AES_MD5, "
+                                        "what is given is no ikePhase1/proposal/transform (IKE_NONE, IKE_AES_SHA, IKE_AES_MD5, "
                                         "IKE_3DES_SHA, IKE_3DES_MD5, IKE_DES_SHA, IKE_DES_MD5)"},
     {"set action 1 keyMgr=IKE ikePhase2/keyLifetime=4294967296",
                                         "'4294967296' is no ikePhase2/keyLifetime (0 to 4294967295)"},
@@ -158,21 +162,37 @@ const Refusal COMMANDS[] = {
     {"set action 1 keyMgr=IKE ikePhase2/keyLifetime=0x10",
                                         "'0x10' is no ikePhase2/keyLifetime (0 to 4294967295)"},
     {"set action 1 keyMgr=IKE ikePhase2/keyLifetimeUnits=MIN",
-                                        "'MIN' is no ikePhase2/keyLifetimeUnits (SECS, KB, MINS, HRS)"},
+                                        "what is given is no ikePhase2/keyLifetimeUnits (SECS, KB, MINS, HRS)"},
     {"set action 1 keyMgr=IKE ikePhase2/saProposal=ESP:12",
-                 "'ESP:12' is no PROTOCOL:ENCRYPTION:HASH, such as ESP:12:5 (numbers are 0 to 4294967295)"},
+                 "what is given is no PROTOCOL:ENCRYPTION:HASH, such as ESP:12:5 (numbers are 0 to 4294967295)"},
     {"set action 1 keyMgr=IKE ikePhase2/saProposal=ESP:12:5:6",
-                 "'ESP:12:5:6' is no PROTOCOL:ENCRYPTION:HASH, such as ESP:12:5 (numbers are 0 to 4294967295)"},
+                 "what is given is no PROTOCOL:ENCRYPTION:HASH, such as ESP:12:5 (numbers are 0 to 4294967295)"},
     {"set action 1 keyMgr=IKE ikePhase2/saProposal=ESP:4294967296:5",
-                 "'ESP:4294967296:5' is no PROTOCOL:ENCRYPTION:HASH, such as ESP:12:5 (numbers are 0 to 4294967295)"},
+                 "what is given is no PROTOCOL:ENCRYPTION:HASH, such as ESP:12:5 (numbers are 0 to 4294967295)"},
     {"set action 1 keyMgr=IKE ikePhase2/saProposal=ESP:1:1,",
-                 "'' is no PROTOCOL:ENCRYPTION:HASH, such as ESP:12:5 (numbers are 0 to 4294967295)"},
-    {"set action 1 keyMgr=IKE ikePhase2/saProposal=esp:12:5", "'esp' is no protocol (NONE, AH, ESP, ESP+AH)"},
+                 "what is given is no PROTOCOL:ENCRYPTION:HASH, such as ESP:12:5 (numbers are 0 to 4294967295)"},
+    {"set action 1 keyMgr=IKE ikePhase2/saProposal=esp:12:5", "what is given is no protocol (NONE, AH, ESP, ESP+AH)"},
     {"set action 1 keyMgr=MKM manualKey/saProposal/protocol=ESP manualKey/inboundESPSPI=0x100000000",
-                                        "'0x100000000' is no manualKey/inboundESPSPI (0 to 4294967295)"},
+                                        "what is given is no manualKey/inboundESPSPI (0 to 4294967295)"},
     {"set action 1 keyMgr=MKM manualKey/saProposal/protocol=ESP manualKey/inboundESPSPI=0x",
-                                        "'0x' is no manualKey/inboundESPSPI (0 to 4294967295)"},
-    {"set action 1 keyMgr=MKM manualKey/saProposal=ESP:1:1", "word 5 ('manualKey/saProposal')" + NO_FIELD},
+                                        "what is given is no manualKey/inboundESPSPI (0 to 4294967295)"},
+    {"set action 1 keyMgr=MKM manualKey/saProposal=ESP:1:1", "word 5 ('manualKey/saProposal')" + NO_FIELD +
+                 " (did you mean 'manualKey/saProposal/protocol' or 'manualKey/saProposal/encryption' or "
+                 "'manualKey/saProposal/hash'?)"},
+    {"set action 1 presharedKey=x",     "word 4 ('presharedKey')" + NO_FIELD +
+                                        " (did you mean 'ikePhase1/presharedKey'?)"},
+    {"set action 1 ikePhase2/presharedKey=x", "word 4 ('ikePhase2/presharedKey')" + NO_FIELD + " (did you mean 'ikePhase1/presharedKey'?)"},
+    {"set action 1 preshared_key=x",    "word 4" + NO_FIELD + " (did you mean 'ikePhase1/presharedKey'?)"},
+    {"set action 1 dhGroup=G14",        "word 4 ('dhGroup')" + NO_FIELD +
+                                        " (did you mean 'ikePhase1/proposal/dhGroup' or 'ikePhase2/dhGroup'?)"},
+    {"set action 1 tunnelEndPoint=x",   "word 4" + NO_FIELD + " (did you mean 'tunnelEndpoint'?)"},
+    {"set action 1 ikePhase1=x",        "word 4 ('ikePhase1')" + NO_FIELD},
+    {"set host-group 1 description=x",  "word 4" + NO_FIELD},
+    {"set host-group 1 desc=x",         "word 4" + NO_FIELD + " (did you mean 'descr'?)"},
+    {"set action 1 \"descr=x\"",        "word 4" + QUOTED_WHOLE},
+    {"set action 1 'descr=x y'",        "word 4" + QUOTED_WHOLE},
+    {"set action 'ikePhase1/presharedKey=x'", "the ID or name is missing (in FIELD=VALUE quotes stand around the VALUE "
+                                        "alone)"},
     {"remove",                          "what to remove is missing"},
     {"remove groups 1",                 KIND + " or selector"},
     {"remove host-group",               "the ID or name is missing"},

@@ -99,16 +99,23 @@ TEST_F(EditSecrets, AreLiteralElse)
 
 TEST_F(EditSecrets, AreRefusedWhereThereIsNone)
 {
+    const std::string named   = "-e:1: the file named behind '@': ";
+    const std::string without = " (a key itself stands there without '@')";
     writeFile("empty", "");
     writeFile("line end", "\n");
-    EXPECT_EQ(edit({FIELD + "@empty"}), troubled("-e:1: empty: there is no key in it"));
-    EXPECT_EQ(edit({FIELD + "@\"line end\""}), troubled("-e:1: line end: there is no key in it"));
+    EXPECT_EQ(edit({FIELD + "@empty"}), troubled(named + "there is no key in it"));
+    EXPECT_EQ(edit({FIELD + "@\"line end\""}), troubled(named + "there is no key in it"));
     EXPECT_EQ(run({"edit", "p.xml", "-e", FIELD + "@-"}, "\n"),
               troubled("-e:1: standard input: there is no key in it"));
     writeFile("lines", "a\nb\n");
-    EXPECT_EQ(edit({FIELD + "@lines"}), troubled("-e:1: lines: a key has one line, this has more"));
-    EXPECT_EQ(edit({FIELD + "@none"}), troubled("-e:1: none: No such file or directory"));
-    EXPECT_EQ(edit({FIELD + "@"}), troubled("-e:1: '': No such file or directory"));
+    EXPECT_EQ(edit({FIELD + "@lines"}), troubled(named + "a key has one line, this has more"));
+    writeFile("binary", std::string("a\0b", 3));
+    EXPECT_EQ(edit({FIELD + "@binary"}), troubled(named + "a key is a text, this has NUL characters"));
+    EXPECT_EQ(edit({FIELD + "@none"}), troubled(named + "No such file or directory" + without));
+    EXPECT_EQ(edit({FIELD + "@"}), troubled(named + "No such file or directory" + without));
+    EXPECT_EQ(edit({FIELD + "@."}), troubled(named + "Is a directory"));
+    EXPECT_EQ(run({"edit", "p.xml", "-e", FIELD + "@-"}, "", [] { close(STDIN_FILENO); }),
+              troubled("-e:1: standard input: Bad file descriptor"));
     expectOldKey();
 }
 
@@ -138,6 +145,21 @@ TEST_F(EditSecrets, AreNotToldWhateverIsWrong)
         FIELD + key + " type=x",
         FIELD + key + " " + FIELD + key,
         FIELD + "@key type=x",
+        FIELD + "@" + key,
+        FIELD + "@/" + key,
+        FIELD + "'" + key,
+        FIELD + "'@" + key + " x",
+        "set action 1 'ikePhase1/presharedKey=" + key + "'",
+        "set action 'ikePhase1/presharedKey=" + key + "'",
+        "set action \"presharedKey=" + key + "\" type=1",
+        "add policy 0 0 'manualKey/inboundAuthKey=" + key + "'",
+        "set action 1 ikePhase1/authType=" + key,
+        "set action 1 ikePhase1/proposal/keyLifetime=" + key,
+        "set action 1 ikePhase1/proposal/transform=IKE_AES_SHA," + key,
+        "set action 1 ikePhase2/saProposal=" + key,
+        "set action 1 ikePhase2/saProposal=" + key + ":1:1",
+        "set action 1 keyMgr=MKM manualKey/inboundESPSPI=" + key,
+        "set action 1 keyMgr=MKM manualKey/saProposal/encryption=" + key,
         "set action 1 ikePhase1/presharedkey=" + key,
         "set action 1 presharedKey=" + key,
         "set action ikePhase1/presharedKey=" + key,
@@ -160,6 +182,12 @@ TEST_F(EditSecrets, AreNotToldWhateverIsWrong)
         EXPECT_THAT(outcome.out + outcome.err, Not(HasSubstr(key.substr(4)))) << command;
     }
     expectOldKey();
+    for (const std::vector<std::string>& arguments :
+         std::vector<std::vector<std::string>>{{"edit", "p.xml", FIELD + key}, {"edit", FIELD + key}, {FIELD + key}}) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 2) << arguments.front();
+        EXPECT_THAT(outcome.err, Not(HasSubstr(key.substr(0, 4)))) << arguments.front();
+    }
     EXPECT_THAT(run({"edit", "p.xml", "key"}).err, Not(HasSubstr(key.substr(0, 4)))) << "the key file as script";
     for (const std::vector<std::string>& options :
          std::vector<std::vector<std::string>>{{"--dry-run"}, {"--dry-run", "--json"}}) {

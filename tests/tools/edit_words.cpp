@@ -76,6 +76,31 @@ TEST(Quoting, MayBeginAndEndInsideAWord)
     EXPECT_EQ(unquoted("a\\n\"\\n\""), "a\\n\n") << "escapes are for quotes";
 }
 
+TEST(Quoting, MayBeSingleWhereAWordAValueOrAMemberOfAListBegins)
+{
+    EXPECT_EQ(unquoted("'head office'"), "head office");
+    EXPECT_EQ(unquoted("'a \"b\" \\n'"), "a \"b\" \\n") << "there are no escapes in them";
+    EXPECT_EQ(unquoted("descr='a, b'"), "descr=a, b");
+    EXPECT_EQ(unquoted("@'my key'"), "@my key");
+    EXPECT_EQ(unquoted("'it'\"'\"'s'"), "it's");
+    EXPECT_EQ(unquoted("\"it's\""), "it's");
+    EXPECT_THAT(splitWords("add host-group 'head  office' descr='it is \"x\"'"),
+                ElementsAre("add", "host-group", "'head  office'", "descr='it is \"x\"'"));
+    EXPECT_THAT(splitList("tcp/443 named 'a, b', 'in'"), ElementsAre("tcp/443 named 'a, b'", "'in'"));
+    EXPECT_EQ(withoutComment("'# a' #b"), "'# a' ");
+    EXPECT_FALSE(assignmentIn("'descr=a'"));
+    EXPECT_FALSE(assignmentIn("'descr'=a"));
+    EXPECT_EQ(assignmentIn("descr='a=b'").value().value, "'a=b'");
+}
+
+TEST(Quoting, LeavesApostrophesInAWordAlone)
+{
+    EXPECT_EQ(unquoted("Bob's"), "Bob's");
+    EXPECT_THAT(splitWords("Bob's Ann's"), ElementsAre("Bob's", "Ann's"));
+    EXPECT_THAT(splitList("a'b,c'd"), ElementsAre("a'b", "c'd"));
+    EXPECT_EQ(assignmentIn("descr=it's").value().value, "it's");
+}
+
 TEST(Quoting, KnowsCodePointsOfOneToFourBytes)
 {
     EXPECT_EQ(unquoted("\"\\u{41}\\u{e9}\\u{20AC}\\u{1f600}\\u{10ffff}\""), "A\u00e9\u20ac\U0001f600\U0010ffff");
@@ -99,7 +124,7 @@ TEST(Quoting, RefusesOtherEscapes)
 
 TEST(Quoting, MustEnd)
 {
-    for (const std::string text : {"\"", "a \"b", "a \"b\\\" c"}) {
+    for (const std::string text : {"\"", "a \"b", "a \"b\\\" c", "'", "a 'b", "a='b", "'a\\' 'b"}) {
         try {
             splitWords(text);
             ADD_FAILURE() << text;

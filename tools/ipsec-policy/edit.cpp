@@ -44,6 +44,23 @@ struct Script {
     std::string text;
 };
 
+/// Whether a command stands where the name of a file is expected. It may hold a key, so it is not to be told.
+bool isCommand(const std::string& fileName)
+{
+    for (const std::string start : {"add ", "replace ", "set ", "remove "})
+        if (fileName.compare(0, start.size(), start) == 0)
+            return true;
+    return false;
+}
+
+void refuseMisuse(const Options& options)
+{
+    if (isCommand(options.file) || isCommand(options.script))
+        throw usageFailure("edit", "a command stands where a file is expected: -e goes before each command");
+    if (isStandardStream(options.file))
+        throw usageFailure("edit", "standard input cannot be edited: FILE must be a file");
+}
+
 Script scriptOf(const Options& options)
 {
     if (options.commands.empty() == options.script.empty())
@@ -153,8 +170,7 @@ std::string resultOf(const Edit& edited, const Options& options)
 
 ExitStatus edit(const Options& options)
 {
-    if (isStandardStream(options.file))
-        throw usageFailure("edit", "standard input cannot be edited: FILE must be a file");
+    refuseMisuse(options);
     const Script script = scriptOf(options); // before the file is locked: it may take long to come
     if (options.dryRun) {
         const Edit edited(readFile(options.file, options.maxSize), script, options);
@@ -212,8 +228,8 @@ const Command EDIT_COMMAND = {
     "  add|remove selector host-group|protocol-group REF SELECTOR[, SELECTOR ...]\n"
     "  remove host-group|protocol-group|action|policy REF [--cascade]\n\n"
     "REF is an ID or a unique name. A FIELD is called by its tags in the document:\n"
-    "ikePhase1/proposal/dhGroup=G14. What has blanks in it stands in double quotes;\n"
-    "a '#' begins a comment. Selectors: 10.2.0.0/16, 10.0.0.1-10.0.0.9, any, local4;\n"
+    "ikePhase1/proposal/dhGroup=G14. What has blanks in it stands in quotes; a '#'\n"
+    "begins a comment. Selectors: 10.2.0.0/16, 10.0.0.1-10.0.0.9, any, local4;\n"
     "tcp/443 out mirrored, udp/500 from 500 in. A key is given as =@FILE, is asked\n"
     "for with =?, or stands in the command.\n\n"
     "If any command fails, nothing is stored. What policies use is not removed\n"

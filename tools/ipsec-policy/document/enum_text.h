@@ -23,7 +23,7 @@ struct EnumReader;
 
 template <int Num, auto Names>
 struct EnumReader<ipsecimpl::Enum<Num, Names>> {
-    static ipsecimpl::Enum<Num, Names> read(const std::string& text, const std::string& what)
+    static ipsecimpl::Enum<Num, Names> read(const std::string& text, const std::string& what, const std::string& shown)
     {
         std::string words;
         for (int i = 0; i < Num; ++i) {
@@ -31,7 +31,7 @@ struct EnumReader<ipsecimpl::Enum<Num, Names>> {
                 return i;
             words += (i == 0 ? "" : ", ") + std::string((*Names)[i]);
         }
-        throw Failure(ExitStatus::TROUBLE, '\'' + printable(text) + "' is no " + what + " (" + words + ')');
+        throw Failure(ExitStatus::TROUBLE, shown + " is no " + what + " (" + words + ')');
     }
 
     static std::vector<std::string> words() { return {*Names, *Names + Num}; }
@@ -49,7 +49,14 @@ std::vector<std::string> wordsOf()
 template <class E>
 E readEnum(const std::string& text, const std::string& what)
 {
-    return EnumReader<E>::read(text, what);
+    return EnumReader<E>::read(text, what, '\'' + printable(text) + '\'');
+}
+
+/// The same of a text that may not be told: the message has `shown` for it.
+template <class E>
+E readEnum(const std::string& text, const std::string& what, const std::string& shown)
+{
+    return EnumReader<E>::read(text, what, shown);
 }
 
 #endif

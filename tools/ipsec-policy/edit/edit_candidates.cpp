@@ -228,7 +228,7 @@ try {
         if (word.text.compare(0, last.size(), last) == 0)
             candidates.push_back({start + word.text, word.description});
     for (const Candidate& name : choices.names)
-        if (const auto whole = continuedWord(last, command.inQuotes, name.text))
+        if (const auto whole = continuedWord(last, name.text))
             candidates.push_back({start + *whole, name.description});
     return candidates;
 } catch (const Failure&) {

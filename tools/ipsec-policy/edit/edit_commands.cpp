@@ -3,6 +3,7 @@
 #include "builtins.h"
 #include "edit_objects.h"
 #include "edit_policies.h"
+#include "leaf_words.h"
 #include "plain_number.h"
 
 #include <algorithm>
@@ -37,6 +38,16 @@ std::string takeName(CommandWords& words)
     return name;
 }
 
+/// The name of an object, which a message may tell if there is none such. What is quoted too far is not one but
+/// FIELD=VALUE, perhaps with a key.
+std::string refuseSecret(std::string reference)
+{
+    const std::string_view path = std::string_view(reference).substr(0, reference.find('='));
+    if (path.size() < reference.size() && isSecretTag(path.substr(path.rfind('/') + 1)))
+        throw commandFailure("the ID or name is missing (in FIELD=VALUE quotes stand around the VALUE alone)");
+    return reference;
+}
+
 std::string ownerOf(Kind kind, const std::string& name)
 {
     return wordsOf(kind).sentence + (" '" + printable(name)) + '\'';
@@ -60,6 +71,9 @@ std::string policySentence(const std::vector<unsigned int>& ids)
 
 void Editor::execute(std::string_view line)
 {
+    if (line.find('\0') != std::string_view::npos)
+        throw commandFailure(
+            "a NUL character stands here: a script is a text (in double quotes, \\x00 stands for one)");
     CommandWords words(line);
     if (words.atEnd())
         return;
@@ -220,13 +234,13 @@ void Editor::changeSelectors(CommandWords& words, bool isAdded)
 
 unsigned int Editor::takeObject(Kind kind, CommandWords& words) const
 {
-    return config_.find(kind, words.takeReference("the ID or name", {"name"}));
+    return config_.find(kind, refuseSecret(words.takeReference("the ID or name", {"name"})));
 }
 
 Policy Editor::takePolicy(CommandWords& words) const
 {
     const auto take = [&](Kind kind, const char* what) {
-        return readReference(config_, kind, words.takeReference(what, {"name", "missing"}));
+        return readReference(config_, kind, refuseSecret(words.takeReference(what, {"name", "missing"})));
     };
     const unsigned int hostGroup     = take(Kind::HOST_GROUP, "HOST-GROUP");
     const unsigned int protocolGroup = take(Kind::PROTOCOL_GROUP, "PROTOCOL-GROUP");

@@ -2,6 +2,7 @@
 
 #include "edited_config.h"
 #include "load_message.h"
+#include "nearest.h"
 #include "plain_number.h"
 #include "secrets.h"
 #include "storable.h"
@@ -11,15 +12,6 @@
 #include <utility>
 
 namespace {
-
-std::int64_t numberWithin(const std::string& text, std::string_view field, std::int64_t least, std::int64_t greatest)
-{
-    const auto number = plainNumber(text);
-    if (!number || *number < least || *number > greatest)
-        throw commandFailure('\'' + printable(text) + "' is no " + std::string(field) + " (" + std::to_string(least) +
-                             " to " + std::to_string(greatest) + ')');
-    return *number;
-}
 
 const std::int64_t GREATEST_32 = 0xFFFFFFFF;
 
@@ -48,6 +40,43 @@ bool isOfFormat(std::string_view name)
         name.remove_prefix(std::min(slash + 1, name.size()));
     }
     return true;
+}
+
+std::string_view lastTag(std::string_view path)
+{
+    return path.substr(path.rfind('/') + 1); // all of it if there is no slash
+}
+
+/// The fields whose names `isMeant` picks, at most a handful.
+template <class IsMeant>
+std::string listOf(const KnownFields& known, const IsMeant& isMeant)
+{
+    const std::ptrdiff_t MOST = 4;
+    if (std::count_if(known.begin(), known.end(), [&](const KnownField& field) { return isMeant(field.path); }) > MOST)
+        return "";
+    std::string paths;
+    for (const KnownField& field : known)
+        if (isMeant(field.path))
+            paths += (paths.empty() ? "'" : " or '") + std::string(field.path) + '\'';
+    return paths;
+}
+
+/// The fields that were probably meant by a name that is none, such as " (did you mean 'ikePhase1/presharedKey'?)":
+/// those below it; else those that end in its last tag or, if there are none, in one like it.
+std::string hintFor(std::string_view name, const KnownFields& known)
+{
+    const std::string        below = std::string(name) + '/';
+    std::string              meant(lastTag(name));
+    std::vector<std::string> tags;
+    for (const KnownField& field : known)
+        tags.emplace_back(lastTag(field.path));
+    if (std::find(tags.begin(), tags.end(), meant) == tags.end())
+        meant = nearest(meant, tags);
+
+    std::string list = listOf(known, [&](std::string_view path) { return path.compare(0, below.size(), below) == 0; });
+    if (list.empty() && !meant.empty())
+        list = listOf(known, [&](std::string_view path) { return lastTag(path) == meant; });
+    return list.empty() ? "" : " (did you mean " + list + "?)";
 }
 
 } // namespace
@@ -80,15 +109,31 @@ std::string GivenValue::secret() const
     return text;
 }
 
+std::string GivenValue::shown(const std::string& text) const
+{
+    const bool isAlone  = field_.find('/') == std::string_view::npos;
+    const bool isNumber = plainNumber(text) || hexadecimalNumber(text); // of ten digits at most
+    return isAlone || isNumber ? '\'' + printable(text) + '\'' : "what is given";
+}
+
+std::int64_t GivenValue::numberWithin(std::int64_t least, std::int64_t greatest) const
+{
+    const std::string text   = plain();
+    const auto        number = plainNumber(text);
+    if (!number || *number < least || *number > greatest)
+        throw commandFailure(shown(text) + " is no " + std::string(field_) + " (" + std::to_string(least) + " to " +
+                             std::to_string(greatest) + ')');
+    return *number;
+}
+
 int GivenValue::integer() const
 {
-    return static_cast<int>(
-        numberWithin(plain(), field_, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+    return static_cast<int>(numberWithin(std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }
 
 unsigned long GivenValue::number() const
 {
-    return static_cast<unsigned long>(numberWithin(plain(), field_, 0, GREATEST_32));
+    return static_cast<unsigned long>(numberWithin(0, GREATEST_32));
 }
 
 unsigned long GivenValue::spi() const
@@ -112,14 +157,18 @@ GivenFields::GivenFields(const std::vector<std::string_view>& words, std::size_t
         const std::string position   = "word " + std::to_string(before + i + 1);
         const auto        assignment = assignmentIn(words[i]);
         if (!assignment)
-            throw commandFailure(position + " is not FIELD=VALUE (a value with blanks must be in quotes)");
+            throw commandFailure(position + (isQuoted(words[i])
+                                                 ? " is not FIELD=VALUE (quotes stand around the VALUE alone)"
+                                                 : " is not FIELD=VALUE (a value with blanks must be in quotes)"));
 
         const std::string_view name  = assignment->name;
         const auto             field = std::find_if(known.begin(), known.end(),
                                                     [name](const KnownField& candidate) { return candidate.path == name; });
-        const std::string      shown = mayQuote && isOfFormat(name) ? " ('" + std::string(name) + "')" : "";
+        if (field == known.end() && mayQuote)
+            throw commandFailure(position + (isOfFormat(name) ? " ('" + std::string(name) + "')" : "") +
+                                 " names no field that can be set here" + hintFor(name, known));
         if (field == known.end())
-            throw commandFailure(position + shown + " names no field that can be set here");
+            throw commandFailure(position + " names no field that can be set here");
         if (find(name) != nullptr)
             throw commandFailure(position + " gives " + std::string(field->path) + " once more");
         values_.emplace_back(field->path, assignment->value, owner_, secrets);

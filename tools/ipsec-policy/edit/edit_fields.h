@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <optional>
 #include <string>
@@ -50,13 +51,25 @@ class GivenValue {
     template <class E>
     E word() const
     {
-        return readEnum<E>(plain(), std::string(field_));
+        return word<E>(plain());
+    }
+
+    /// The word in a member of a list.
+    template <class E>
+    E word(const std::string& text) const
+    {
+        return readEnum<E>(text, std::string(field_), shown(text));
     }
 
     /// The members of a list, as they were spelt. `text` keeps what they stand in.
     std::vector<std::string_view> members(std::string& text) const;
 
+    /// How a message shows what the field cannot be. Beside keys, anything but a number could be one that went astray.
+    std::string shown(const std::string& text) const;
+
   private:
+    std::int64_t numberWithin(std::int64_t least, std::int64_t greatest) const;
+
     std::string_view   field_;
     std::string_view   spelt_;
     const std::string* owner_;

@@ -9,7 +9,7 @@ using namespace ipsecimpl;
 
 namespace {
 
-IPsecProposal readProposal(const std::string& text)
+IPsecProposal readProposal(const GivenValue& value, const std::string& text)
 {
     const std::size_t first  = text.find(':');
     const std::size_t second = first == std::string::npos ? first : text.find(':', first + 1);
@@ -18,9 +18,10 @@ IPsecProposal readProposal(const std::string& text)
     const auto hash = second == std::string::npos ? std::nullopt : plainNumber(text.substr(second + 1));
     const auto is32 = [](const auto& number) { return number && *number >= 0 && *number <= 0xFFFFFFFF; };
     if (!is32(encryption) || !is32(hash))
-        throw commandFailure('\'' + printable(text) +
-                             "' is no PROTOCOL:ENCRYPTION:HASH, such as ESP:12:5 (numbers are 0 to 4294967295)");
-    return IPsecProposal(readEnum<IPsecProtocol>(text.substr(0, first), "protocol"),
+        throw commandFailure(value.shown(text) +
+                             " is no PROTOCOL:ENCRYPTION:HASH, such as ESP:12:5 (numbers are 0 to 4294967295)");
+    const std::string protocol = text.substr(0, first);
+    return IPsecProposal(readEnum<IPsecProtocol>(protocol, "protocol", value.shown(protocol)),
                          static_cast<unsigned long>(*encryption), static_cast<unsigned long>(*hash));
 }
 
@@ -29,7 +30,7 @@ std::list<IPsecProposal> proposals(const GivenValue& value)
     std::string              text;
     std::list<IPsecProposal> result;
     for (const std::string_view member : value.members(text))
-        result.push_back(readProposal(unquoted(member)));
+        result.push_back(readProposal(value, unquoted(member)));
     return result;
 }
 
@@ -38,7 +39,7 @@ std::list<IKEPhase1Transform> transforms(const GivenValue& value)
     std::string                   text;
     std::list<IKEPhase1Transform> result;
     for (const std::string_view member : value.members(text))
-        result.push_back(readEnum<IKEPhase1Transform>(unquoted(member), std::string(value.field())));
+        result.push_back(value.word<IKEPhase1Transform>(unquoted(member)));
     return result;
 }
 

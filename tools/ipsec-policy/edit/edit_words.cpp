@@ -98,6 +98,31 @@ std::string takeEscaped(std::string_view& text)
     }
 }
 
+/// Goes through a text that begins with a word, or with a piece of one, and knows what stands in quotes.
+class Quotes {
+  public:
+    /// Goes on to the next character. Whether that begins or ends a quote.
+    bool take(char c)
+    {
+        const bool isMark = isOpen() ? c == open_ : c == '"' || (c == '\'' && mayBegin_);
+        if (isMark)
+            open_ = isOpen() ? '\0' : c;
+        // An apostrophe in a word is one; a single quote begins where a word, a value or a member of a list does.
+        mayBegin_ = isMark || BEFORE_A_PIECE.find(c) != std::string_view::npos;
+        return isMark;
+    }
+
+    bool isOpen() const { return open_ != '\0'; }
+    char open() const { return open_; }
+    bool hasEscapes() const { return open_ == '"'; }
+
+  private:
+    static constexpr std::string_view BEFORE_A_PIECE = " \t\v\f\r=,@";
+
+    char open_     = '\0';
+    bool mayBegin_ = true;
+};
+
 std::string_view withoutBlanks(std::string_view text)
 {
     text.remove_prefix(std::min(text.find_first_not_of(BLANKS), text.size()));
@@ -122,13 +147,13 @@ std::string quotedWord(std::string_view text)
 std::string unquoted(std::string_view word)
 {
     std::string text;
-    bool        inQuotes = false;
+    Quotes      quotes;
     while (!word.empty()) {
         const char c = word.front();
         word.remove_prefix(1);
-        if (c == '"')
-            inQuotes = !inQuotes;
-        else if (c == '\\' && inQuotes)
+        if (quotes.take(c))
+            continue;
+        if (c == '\\' && quotes.hasEscapes())
             text += takeEscaped(word);
         else
             text += c;
@@ -136,18 +161,32 @@ std::string unquoted(std::string_view word)
     return text;
 }
 
+bool isQuoted(std::string_view word)
+{
+    return !word.empty() && (word.front() == '"' || word.front() == '\'');
+}
+
+char openQuoteIn(std::string_view text)
+{
+    Quotes quotes;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (!quotes.take(text[i]) && text[i] == '\\' && quotes.hasEscapes())
+            ++i; // what follows ends no quote
+    return quotes.open();
+}
+
 std::size_t findUnquoted(std::string_view text, std::string_view characters, std::size_t from)
 {
-    bool inQuotes = false;
+    Quotes quotes;
     for (std::size_t i = from; i < text.size(); ++i) {
-        if (text[i] == '"')
-            inQuotes = !inQuotes;
-        else if (inQuotes && text[i] == '\\')
+        if (quotes.take(text[i]))
+            continue;
+        if (quotes.hasEscapes() && text[i] == '\\')
             ++i; // what follows ends no quote
-        else if (!inQuotes && characters.find(text[i]) != std::string_view::npos)
+        else if (!quotes.isOpen() && characters.find(text[i]) != std::string_view::npos)
             return i;
     }
-    if (inQuotes)
+    if (quotes.isOpen())
         throw commandFailure("a quote is not closed");
     return std::string_view::npos;
 }
@@ -190,8 +229,9 @@ std::vector<std::string_view> splitList(std::string_view text)
 
 std::optional<Assignment> assignmentIn(std::string_view word)
 {
-    const std::size_t equals = findUnquoted(word, "=");
-    if (equals == std::string_view::npos || word.substr(0, equals).find('"') != std::string_view::npos)
+    const std::size_t      equals = findUnquoted(word, "=");
+    const std::string_view name   = word.substr(0, equals);
+    if (equals == std::string_view::npos || isQuoted(name) || name.find('"') != std::string_view::npos)
         return std::nullopt;
-    return Assignment{word.substr(0, equals), word.substr(equals + 1)};
+    return Assignment{name, word.substr(equals + 1)};
 }

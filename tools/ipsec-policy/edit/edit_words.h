@@ -30,8 +30,14 @@ inline constexpr char BLANKS[] = " \t\v\f\r";
 /// `.` `_` `:` `/` `+` `-` and does not begin with `+` or `-`; else in quotes and fit for a terminal.
 std::string quotedWord(std::string_view text);
 
-/// What a word stands for: quotes are taken off, and the escapes in them replaced.
+/// What a word stands for: quotes are taken off, and the escapes in double ones replaced.
 std::string unquoted(std::string_view word);
+
+/// Whether the word begins with a quote.
+bool isQuoted(std::string_view word);
+
+/// The quote that is begun and not closed in a text, which begins with a word; '\0' if there is none.
+char openQuoteIn(std::string_view text);
 
 /// Where the first of `characters` stands outside quotes, at `from` or later; else npos. There must be a beginning of a
 /// word or of a piece of one at `from`.

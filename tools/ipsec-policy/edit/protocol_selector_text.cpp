@@ -43,8 +43,16 @@ unsigned short readProtocol(const std::string& text)
     return number16(text, "' is no protocol (0 to 65535" + words + ')');
 }
 
+bool isRange(const std::string& text)
+{
+    const std::size_t dash = text.find('-');
+    return dash != std::string::npos && plainNumber(text.substr(0, dash)) && plainNumber(text.substr(dash + 1));
+}
+
 unsigned short readPort(const std::string& text)
 {
+    if (isRange(text))
+        throw commandFailure('\'' + printable(text) + "' is no port: a selector has one, or any, but no range");
     return number16(text, "' is no port (0 to 65535)");
 }
 

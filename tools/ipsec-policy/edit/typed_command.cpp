@@ -1,6 +1,7 @@
 #include "typed_command.h"
 
 #include "edit_words.h"
+#include "text.h"
 
 #include <cstddef>
 
@@ -16,7 +17,6 @@ TypedCommand readTypedCommand(std::string_view text)
             typed.before.push_back(text.substr(at, end - at));
             at = end;
         } catch (const Failure&) { // a quote is not closed
-            typed.inQuotes = true;
             return typed;
         }
     }
@@ -24,19 +24,24 @@ TypedCommand readTypedCommand(std::string_view text)
     return typed;
 }
 
-std::optional<std::string> continuedWord(std::string_view typed, bool inQuotes, const std::string& name)
+std::optional<std::string> continuedWord(std::string_view typed, const std::string& name)
 {
     const std::string meant = unquoted(typed); // which asks for no end of a quote
     if (name.compare(0, meant.size(), meant) != 0)
         return std::nullopt;
     std::string rest = name.substr(meant.size());
+    const char  open = openQuoteIn(typed);
+    if (open == '\'' && rest.find('\'') == std::string::npos && printable(rest) == rest)
+        return std::string(typed) + rest + open; // there are no escapes in it
     if (!rest.empty())
         rest = quotedWord(rest);
-    if (inQuotes) {
-        if (rest.empty() || rest.front() != '"')
-            rest += '"';
+    if (open == '"') {
+        if (rest.empty() || rest.front() != open)
+            rest += open;
         else
             rest.erase(0, 1);
+    } else if (open == '\'') {
+        rest.insert(0, 1, open);
     }
     return std::string(typed) + rest;
 }

@@ -82,13 +82,14 @@ std::string contentOf(int descriptor, const std::string& fileName, const Limit& 
     }
 }
 
-std::string contentOf(const std::string& fileName, const Limit& limit)
+/// `shown` is what messages call the file.
+std::string contentOf(const std::string& fileName, const std::string& shown, const Limit& limit)
 {
     if (isStandardStream(fileName))
         return contentOf(STDIN_FILENO, "standard input", limit);
 
-    const Descriptor file(retried([&] { return open(fileName.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY); }), fileName);
-    return contentOf(file.number(), fileName, limit);
+    const Descriptor file(retried([&] { return open(fileName.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY); }), shown);
+    return contentOf(file.number(), shown, limit);
 }
 
 } // namespace
@@ -100,12 +101,17 @@ bool isStandardStream(const std::string& fileName)
 
 std::string readFile(const std::string& fileName, std::size_t maxSize)
 {
-    return contentOf(fileName, documentLimit(maxSize));
+    return contentOf(fileName, fileName, documentLimit(maxSize));
 }
 
 std::string readFileBeside(const std::string& fileName, const char* what)
 {
-    return contentOf(fileName, {USUAL_MAX_SIZE, std::string("the limit for a ") + what});
+    return readFileBeside(fileName, what, fileName);
+}
+
+std::string readFileBeside(const std::string& fileName, const char* what, const std::string& shown)
+{
+    return contentOf(fileName, shown, {USUAL_MAX_SIZE, std::string("the limit for a ") + what});
 }
 
 std::string readAll(int descriptor, const std::string& fileName, std::size_t maxSize)

@@ -24,6 +24,9 @@ std::string readFile(const std::string& fileName, std::size_t maxSize);
 /// The same of what is no document, such as a "script": USUAL_MAX_SIZE is the limit whatever is asked for.
 std::string readFileBeside(const std::string& fileName, const char* what);
 
+/// The same of a file whose name is not to be told: messages call it `shown`.
+std::string readFileBeside(const std::string& fileName, const char* what, const std::string& shown);
+
 /// The rest of the open file `descriptor`, a document that the messages call `fileName`.
 std::string readAll(int descriptor, const std::string& fileName, std::size_t maxSize);
 

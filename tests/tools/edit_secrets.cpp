@@ -372,7 +372,9 @@ TEST_F(EditPrompt, MakesANamePrintable)
                       terminal_.await("\r\n");
                   },
                   command),
-              printed(""));
+              (Outcome{0, "",
+                       "ipsec-policy: -e:1: warning: hidden-character: The text holds \\x1b, which cannot be seen. "
+                       "Write it without.\n"}));
 }
 
 TEST_F(EditPrompt, TakesNoEmptyAnswer)

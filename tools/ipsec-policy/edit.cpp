@@ -112,6 +112,8 @@ class Edit {
         EditedConfig edited(parseDocument(text, options.file));
         Editor       editor(edited, secrets, options.cascade);
         execute(script, editor);
+        for (const std::string& remark : editor.remarks())
+            remarks_.push_back(script.name + ':' + remark);
         after_  = edited.finished();
         stored_ = storeDocument(after_, options.file);
 
@@ -125,6 +127,9 @@ class Edit {
     /// What to tell beside the difference itself.
     const std::string& report() const { return report_; }
 
+    /// What to tell of what the commands have set, each in a message.
+    const std::vector<std::string>& remarks() const { return remarks_; }
+
     /// Change counters are told if nothing else differs.
     Difference difference() const { return ::difference(before_, after_, {false, isAboutCounts_}); }
 
@@ -135,7 +140,10 @@ class Edit {
     IPsecConfig after_;
     std::string stored_;
     std::string report_;
-    bool        isAboutCounts_ = false;
+
+    std::vector<std::string> remarks_;
+
+    bool isAboutCounts_ = false;
 };
 
 ExitStatus tell(const std::string& text)
@@ -143,6 +151,13 @@ ExitStatus tell(const std::string& text)
     if (!text.empty())
         writeStandardOutput(text);
     return ExitStatus::CLEAN;
+}
+
+void tellRemarks(const Edit& edited)
+{
+    if (edited.isChange())
+        for (const std::string& remark : edited.remarks())
+            printMessage(remark);
 }
 
 /// Nobody is to think that nothing was done.
@@ -174,6 +189,7 @@ ExitStatus edit(const Options& options)
     const Script script = scriptOf(options); // before the file is locked: it may take long to come
     if (options.dryRun) {
         const Edit edited(readFile(options.file, options.maxSize), script, options);
+        tellRemarks(edited);
         return tell(resultOf(edited, options));
     }
 
@@ -182,6 +198,7 @@ ExitStatus edit(const Options& options)
     if (!edited.isChange())
         return tell(resultOf(edited, options));
     file.replace(edited.stored(), options.keepsBackup ? backupName(options) : "");
+    tellRemarks(edited);
     return tellStored(resultOf(edited, options), options.file);
 }
 
@@ -235,7 +252,9 @@ const Command EDIT_COMMAND = {
     "If any command fails, nothing is stored. What policies use is not removed\n"
     "without --cascade. The file is replaced in one step, with its mode and owner\n"
     "kept; it stays as it is when nothing changes. --dry-run prints what diff would,\n"
-    "--json what diff --json would, with --dry-run or without.\n\n"
+    "--json what diff --json would, with --dry-run or without. What the library takes\n"
+    "although 'check' would find something in it, such as an end point that is no\n"
+    "address, is done as it was said, and told on standard error.\n\n"
     "A document with a value that was not understood as written, such as a number\n"
     "with something behind it, is refused unless --force is given: storing would\n"
     "make that for good.",

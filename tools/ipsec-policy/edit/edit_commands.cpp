@@ -71,6 +71,7 @@ std::string policySentence(const std::vector<unsigned int>& ids)
 
 void Editor::execute(std::string_view line)
 {
+    ++line_;
     if (line.find('\0') != std::string_view::npos)
         throw commandFailure(
             "a NUL character stands here: a script is a text (in double quotes, \\x00 stands for one)");
@@ -110,7 +111,8 @@ void Editor::add(CommandWords& words)
             const std::string name   = takeName(words);
             const auto        fields = words.takeFields(fieldsAndID<Object>(), ownerOf(kind, name), secrets_);
             const auto        id     = idIn(fields); // before any key is asked for
-            objects.add(newObject<Object>(name, fields), id);
+            const auto        added  = objects.add(newObject<Object>(name, fields), id);
+            remark(added, *objects.find(added), fields, true);
         }
     });
 }
@@ -145,6 +147,7 @@ void Editor::replace(CommandWords& words)
             const auto        fields = words.takeFields(fieldsOf<Object>(true), objects.sentence(id), secrets_);
             Object            fresh  = newObject<Object>(name, fields);
             objects.change(id, [&](Object& object) { replaceBy(object, std::move(fresh), fields); });
+            remark(id, *objects.find(id), fields, true);
         }
     });
 }
@@ -168,6 +171,8 @@ void Editor::set(CommandWords& words)
             else
                 setFields(object, fields);
         });
+        if constexpr (!std::is_same_v<Object, Policy>)
+            remark(id, *objects.find(id), fields, false);
     });
 }
 
@@ -221,15 +226,24 @@ void Editor::changeSelectors(CommandWords& words, bool isAdded)
     const unsigned int     id   = takeObject(kind, words);
     const std::string_view list = words.takeRest();
     const auto             edit = [&](auto& group) {
-        if (isAdded)
-            addSelectors(group, list);
-        else
-            removeSelectors(group, list);
+        if (!isAdded)
+            return removeSelectors(group, list);
+        addSelectors(group, list);
+        std::decay_t<decltype(group)> added; // looked at alone, lest each command of thousands look at thousands
+        addSelectors(added, list);
+        remarks_.add(line_, id, added, [](std::string_view path) { return path == "selectors"; });
     };
     if (kind == Kind::HOST_GROUP)
         config_.hostGroups.change(id, edit);
     else
         config_.protocolGroups.change(id, edit);
+}
+
+template <class Object>
+void Editor::remark(unsigned int id, const Object& object, const GivenFields& fields, bool isNamed)
+{
+    remarks_.add(line_, id, object,
+                 [&](std::string_view path) { return fields.find(path) != nullptr || (isNamed && path == "name"); });
 }
 
 unsigned int Editor::takeObject(Kind kind, CommandWords& words) const

@@ -1,0 +1,44 @@
+#ifndef IPSEC_POLICY_EDIT_REMARKS_H
+#define IPSEC_POLICY_EDIT_REMARKS_H
+
+#include "edited_config.h"
+#include "findings.h"
+
+#include <ipsecimpl/config.h>
+
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+/// What edit commands set although `check` would find something in it: the library takes it, so the operator gets it,
+/// but is told. Only what a command itself says is looked at; whether it goes together with the rest is for `check` to
+/// tell.
+class Remarks {
+  public:
+    /// Whether a command has given the field of that path, such as "descr" or "selectors".
+    using IsGiven = std::function<bool(std::string_view path)>;
+
+    /// Looks at what the command in line `line` has given an object.
+    /// @{
+    void add(std::size_t line, unsigned int id, const ipsecimpl::HostGroup& group, const IsGiven& isGiven);
+    void add(std::size_t line, unsigned int id, const ipsecimpl::ProtocolGroup& group, const IsGiven& isGiven);
+    void add(std::size_t line, unsigned int id, const ipsecimpl::IPsecAction& action, const IsGiven& isGiven);
+    /// @}
+
+    /// All of it: lines such as "3: warning: host-bits-set: ...", in the order of the commands, fit for a terminal. Of
+    /// a great many the first ones. Names are held against those that there are in the end.
+    std::vector<std::string> all(const EditedConfig& config) const;
+
+  private:
+    void keep(std::size_t line, const Findings& findings, const IsGiven& isGiven);
+    void keepName(std::size_t line, Kind kind, const std::string& name, const IsGiven& isGiven);
+
+    std::multimap<std::size_t, std::string>             texts_; // by line
+    std::map<std::pair<Kind, std::string>, std::size_t> names_; // which line gave it last
+};
+
+#endif

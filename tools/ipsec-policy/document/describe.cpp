@@ -1,6 +1,6 @@
 #include "describe.h"
 
-#include "word.h"
+#include "enum_text.h"
 
 #include <cstddef>
 #include <string>
@@ -24,7 +24,7 @@ void describeKey(const char* name, const std::string& key, bool showKeys, Lines&
 
 void describe(const IPsecProposal& proposal, Lines& lines)
 {
-    lines << word(proposal.protocol) << ", encryption " << proposal.encryption << ", hash " << proposal.hash;
+    lines << wordOf(proposal.protocol) << ", encryption " << proposal.encryption << ", hash " << proposal.hash;
     lines.end();
 }
 
@@ -40,7 +40,7 @@ void describeSPIs(const char (&protocol)[N], unsigned long inbound, unsigned lon
 void describePhase(const char* phase, const DHGroup& group, unsigned long lifetime, const KeyLifetimeUnits& units,
                    Lines& lines)
 {
-    lines << phase << ": DH group " << word(group) << ", " << lifetime << ' ' << word(units);
+    lines << phase << ": DH group " << wordOf(group) << ", " << lifetime << ' ' << wordOf(units);
     lines.end();
 }
 
@@ -49,7 +49,7 @@ void describe(const IKEPhase1& phase1, bool showKeys, Lines& lines)
     const IKEPhase1Proposal& proposal = phase1.proposalGet();
     describePhase("phase 1", proposal.dhGroup, proposal.keyLifetime, proposal.keyLifetimeUnits, lines);
     for (const IKEPhase1Transform& transform : proposal.transforms) {
-        lines << "  " << word(transform);
+        lines << "  " << wordOf(transform);
         lines.end();
     }
     if (phase1.authTypeGet() == IKE_AUTH_PSK) {
@@ -96,7 +96,7 @@ void describe(const MKM& key, bool showKeys, Lines& lines)
 
 void describeMode(const IPsecAction& action, Lines& lines)
 {
-    lines << word(action.spdActionGet());
+    lines << wordOf(action.spdActionGet());
     if (action.spdActionGet() == SPD_TUNNEL)
         lines << " to " << orEmpty(action.tunnelEndpointGet());
 }

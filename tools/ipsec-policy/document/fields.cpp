@@ -1,6 +1,7 @@
 #include "fields.h"
 
 #include "enum_text.h"
+#include "field_walk.h"
 #include "selector_text.h"
 
 #include <algorithm>
@@ -44,82 +45,21 @@ class FieldList {
         fields_.push_back({path, &value});
     }
 
+    void begin(const char*) {} // the paths tell
+    void end() {}
+
     std::vector<Field> take() { return std::move(fields_); }
 
   private:
     std::vector<Field> fields_;
 };
 
-template <class Group>
-std::vector<Field> fieldsOfGroup(const Group& group)
+template <class Object>
+std::vector<Field> walkedFields(const Object& object, std::size_t expected)
 {
-    FieldList fields(5);
-    fields.text("name", group.name);
-    fields.number("builtinName", group.builtinName);
-    fields.text("descr", group.descr);
-    fields.number("builtinDescr", group.builtinDescr);
-    fields.list("selectors", group.selectors);
+    FieldList fields(expected);
+    walkFields(object, fields);
     return fields.take();
-}
-
-void add(const MKM& key, FieldList& fields)
-{
-    const IPsecProposal& proposal = key.saProposal;
-    fields.word("manualKey/saProposal/protocol", proposal.protocol);
-    fields.number("manualKey/saProposal/encryption", proposal.encryption);
-    fields.number("manualKey/saProposal/hash", proposal.hash);
-    if (proposal.protocol == IPSEC_ESP || proposal.protocol == IPSEC_ESP_AH) {
-        fields.number("manualKey/inboundESPSPI", key.inboundESPSPI);
-        fields.number("manualKey/outboundESPSPI", key.outboundESPSPI);
-    }
-    if (proposal.protocol == IPSEC_AH || proposal.protocol == IPSEC_ESP_AH) {
-        fields.number("manualKey/inboundAHSPI", key.inboundAHSPI);
-        fields.number("manualKey/outboundAHSPI", key.outboundAHSPI);
-    }
-    if (proposal.encryption > 1) {
-        fields.secret("manualKey/inboundDecrKey", key.inboundDecrKey);
-        fields.secret("manualKey/outboundEncrKey", key.outboundEncrKey);
-        fields.secret("manualKey/outboundEncrIV", key.outboundEncrIV);
-    }
-    if (proposal.hash > 1) {
-        fields.secret("manualKey/inboundAuthKey", key.inboundAuthKey);
-        fields.secret("manualKey/outboundAuthKey", key.outboundAuthKey);
-    }
-}
-
-void add(const IKEPhase1& phase1, FieldList& fields)
-{
-    fields.word("ikePhase1/authType", phase1.authTypeGet());
-    if (phase1.authTypeGet() == IKE_AUTH_PSK) {
-        fields.secret("ikePhase1/presharedKey", phase1.presharedKeyGet());
-    } else {
-        fields.text("ikePhase1/localCert", phase1.localCertGet());
-        fields.text("ikePhase1/peerTrust", phase1.peerTrustGet());
-    }
-    const IKEPhase1Proposal& proposal = phase1.proposalGet();
-    fields.word("ikePhase1/proposal/dhGroup", proposal.dhGroup);
-    fields.number("ikePhase1/proposal/keyLifetime", proposal.keyLifetime);
-    fields.word("ikePhase1/proposal/keyLifetimeUnits", proposal.keyLifetimeUnits);
-    fields.list("ikePhase1/proposal/transform", proposal.transforms);
-}
-
-void add(const IKEPhase2& phase2, FieldList& fields)
-{
-    fields.word("ikePhase2/dhGroup", phase2.dhGroup);
-    fields.number("ikePhase2/keyLifetime", phase2.keyLifetime);
-    fields.word("ikePhase2/keyLifetimeUnits", phase2.keyLifetimeUnits);
-    fields.list("ikePhase2/saProposal", phase2.proposals);
-}
-
-void addKeying(const IPsecAction& action, FieldList& fields)
-{
-    fields.word("keyMgr", action.keyMgrGet());
-    if (action.keyMgrGet() == KEYMGR_MKM) {
-        add(action.manualKeyGet(), fields);
-    } else if (action.keyMgrGet() == KEYMGR_IKE) {
-        add(action.ikePhase1Get(), fields);
-        add(action.ikePhase2Get(), fields);
-    }
 }
 
 /// Equality of what stands in lists: all of it that a document carries, which the library's own need not look at.
@@ -167,40 +107,22 @@ std::vector<std::string> onlyIn(const std::set<Selector>& selectors, const std::
 
 std::vector<Field> fieldsOf(const HostGroup& group)
 {
-    return fieldsOfGroup(group);
+    return walkedFields(group, 5);
 }
 
 std::vector<Field> fieldsOf(const ProtocolGroup& group)
 {
-    return fieldsOfGroup(group);
+    return walkedFields(group, 5);
 }
 
 std::vector<Field> fieldsOf(const IPsecAction& action)
 {
-    FieldList fields(24);
-    fields.number("changeCount", action.changeCountGet());
-    fields.text("name", action.nameGet());
-    fields.number("builtinName", action.builtinNameGet());
-    fields.text("descr", action.descrGet());
-    fields.number("builtinDescr", action.builtinDescrGet());
-    fields.number("type", action.typeGet());
-    fields.number("state", action.stateGet());
-    const SPDAction& spdAction = action.spdActionGet();
-    fields.word("spdAction", spdAction);
-    if (spdAction == SPD_TUNNEL)
-        fields.text("tunnelEndpoint", action.tunnelEndpointGet());
-    if (spdAction == SPD_TUNNEL || spdAction == SPD_TRANSPORT)
-        addKeying(action, fields);
-    return fields.take();
+    return walkedFields(action, 24);
 }
 
 std::vector<Field> fieldsOf(const Policy& policy)
 {
-    FieldList fields(3);
-    fields.reference("hostGroupID", Kind::HOST_GROUP, policy.hostGroupID);
-    fields.reference("protocolGroupID", Kind::PROTOCOL_GROUP, policy.protocolGroupID);
-    fields.reference("actionID", Kind::ACTION, policy.actionID);
-    return fields.take();
+    return walkedFields(policy, 3);
 }
 
 bool isSame(const FieldValue& a, const FieldValue& b)

@@ -7,14 +7,14 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <charconv>
 #include <limits>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace {
-
-const char DIGITS[] = "0123456789";
 
 /// The power of two that a suffix stands for; negative if it is none.
 int shiftOf(std::string_view suffix)
@@ -29,20 +29,15 @@ Failure sizeFailure(const CLI::App& command, const std::string& text, const char
 
 std::size_t parseSize(const CLI::App& command, const std::string& text)
 {
-    const std::size_t digits = std::min(text.find_first_not_of(DIGITS), text.size());
-    const int         shift  = shiftOf(std::string_view(text).substr(digits));
-    if (digits == 0 || shift < 0)
+    const char* const end    = text.data() + text.size();
+    std::size_t       size   = 0;
+    const auto        digits = std::from_chars(text.data(), end, size);
+    const int         shift  = shiftOf(std::string_view(digits.ptr, static_cast<std::size_t>(end - digits.ptr)));
+    if (digits.ptr == text.data() || shift < 0)
         throw sizeFailure(command, text, "is not a size: a number of bytes, or with K, M or G behind it, such as 64M");
 
     const std::size_t most = std::numeric_limits<std::size_t>::max();
-    std::size_t       size = 0;
-    for (const char digit : text.substr(0, digits)) {
-        const auto value = static_cast<std::size_t>(digit - '0');
-        if (size > (most - value) / 10)
-            throw sizeFailure(command, text, "is more than this program can address");
-        size = size * 10 + value;
-    }
-    if (size > most >> shift)
+    if (digits.ec != std::errc() || size > most >> shift)
         throw sizeFailure(command, text, "is more than this program can address");
     if (size == 0)
         throw sizeFailure(command, text, "leaves nothing to read");

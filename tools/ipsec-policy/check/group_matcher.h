@@ -3,13 +3,13 @@
 
 #include "matcher.h"
 #include "selector_lines.h"
+#include "text_buffer.h"
 
 #include <ipsecimpl/xml.h>
 
 #include <cstddef>
 #include <istream>
 #include <map>
-#include <streambuf>
 #include <string_view>
 #include <vector>
 
@@ -39,22 +39,7 @@ class SelectorReader {
     }
 
   private:
-    class Text : public std::streambuf {
-      public:
-        explicit Text(std::string_view document)
-            : begin_(const_cast<char*>(document.data())) // which nobody writes to
-            , size_(document.size())
-        {
-        }
-
-        void seek(std::size_t offset) { setg(begin_, begin_ + offset, begin_ + size_); }
-
-      private:
-        char*       begin_;
-        std::size_t size_;
-    };
-
-    Text                 text_;
+    TextBuffer           text_;
     std::istream         in_;
     ipsecimpl::XMLParser parser_;
 };

@@ -27,8 +27,7 @@ std::size_t tagLength(std::string_view text)
     std::size_t       end   = begin;
     while (end < text.size() && isNameCharacter(text[end]))
         ++end;
-    const bool ends = end == text.size() || text[end] == '>' || text[end] == '/' ||
-                      std::string_view(WHITE_SPACE).find(text[end]) != std::string_view::npos;
+    const bool ends = end == text.size() || text[end] == '>' || text[end] == '/' || isWhiteSpace(text[end]);
     return ends && isWordOfFormat(text.substr(begin, end - begin)) ? end : 0;
 }
 

@@ -1,5 +1,6 @@
 #include "number_text.h"
 
+#include "hex_digit.h"
 #include "lexer.h"
 
 #include <algorithm>
@@ -11,24 +12,14 @@ namespace {
 
 const std::size_t LONGEST_NUMBER = 12; // octal: 037777777777
 
-unsigned int digitOf(char c)
-{
-    if (c >= '0' && c <= '9')
-        return static_cast<unsigned int>(c - '0');
-    const char lower = static_cast<char>(c | 0x20);
-    if (lower >= 'a' && lower <= 'f')
-        return static_cast<unsigned int>(lower - 'a') + 10;
-    return 16;
-}
-
 bool isDigit(char c)
 {
-    return digitOf(c) < 10;
+    return hexDigit(c) < 10;
 }
 
 bool hasHexPrefix(std::string_view digits)
 {
-    return digits.size() > 2 && digits[0] == '0' && (digits[1] == 'x' || digits[1] == 'X') && digitOf(digits[2]) < 16;
+    return digits.size() > 2 && digits[0] == '0' && (digits[1] == 'x' || digits[1] == 'X') && hexDigit(digits[2]) < 16;
 }
 
 /// A text in one base.
@@ -42,9 +33,9 @@ Reading readIn(unsigned int base, std::string_view digits, bool isNegative)
     const std::int64_t enough = std::int64_t(1) << 40;
     Reading            reading;
     std::size_t        at = 0;
-    for (; at < digits.size() && digitOf(digits[at]) < base; ++at)
+    for (; at < digits.size() && hexDigit(digits[at]) < base; ++at)
         if (reading.value < enough)
-            reading.value = reading.value * base + digitOf(digits[at]);
+            reading.value = reading.value * base + hexDigit(digits[at]);
     reading.isWhole = at == digits.size();
     if (isNegative)
         reading.value = -reading.value;
@@ -126,5 +117,5 @@ bool isPrintableNumber(std::string_view text)
     if (isHex)
         text.remove_prefix(2);
     return !text.empty() &&
-           std::all_of(text.begin(), text.end(), [isHex](char c) { return digitOf(c) < (isHex ? 16 : 10); });
+           std::all_of(text.begin(), text.end(), [isHex](char c) { return hexDigit(c) < (isHex ? 16 : 10); });
 }

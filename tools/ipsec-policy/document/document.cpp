@@ -5,11 +5,11 @@
 #include "huge_pages.h"
 #include "storability.h"
 #include "text.h"
+#include "text_buffer.h"
 
 #include <istream>
 #include <new>
 #include <sstream>
-#include <streambuf>
 #include <utility>
 
 using ipsecimpl::IPsecConfig;
@@ -19,19 +19,6 @@ using ipsecimpl::XMLParser;
 const char DOCUMENT_HELP[] = "The configuration; - is standard input";
 
 namespace {
-
-/// Reads a text where it stands.
-class TextBuffer : public std::streambuf {
-  public:
-    /// Nothing is ever written to the text: a stream buffer only takes back the character that was there.
-    explicit TextBuffer(std::string_view text)
-    {
-        char* const start = const_cast<char*>(text.data());
-        setg(start, start, start + text.size());
-    }
-
-    std::size_t read() const { return static_cast<std::size_t>(gptr() - eback()); }
-};
 
 IPsecConfig parse(std::istream& in)
 {

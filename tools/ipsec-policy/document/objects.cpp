@@ -4,6 +4,7 @@
 #include "text.h"
 
 #include <algorithm>
+#include <charconv>
 #include <type_traits>
 
 using namespace ipsecimpl;
@@ -28,11 +29,7 @@ bool isNumber(std::string_view text)
 unsigned int numberIn(std::string_view digits)
 {
     unsigned int number = 0;
-    for (const char digit : digits) {
-        if (number > 214748364)
-            return 0;
-        number = number * 10 + static_cast<unsigned int>(digit - '0');
-    }
+    std::from_chars(digits.data(), digits.data() + digits.size(), number); // which stays 0 beyond 32 bits
     return number;
 }
 

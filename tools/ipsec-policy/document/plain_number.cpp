@@ -1,6 +1,7 @@
 #include "plain_number.h"
 
 #include <algorithm>
+#include <charconv>
 
 std::optional<std::int64_t> plainNumber(std::string_view text)
 {
@@ -11,7 +12,6 @@ std::optional<std::int64_t> plainNumber(std::string_view text)
         return std::nullopt;
 
     std::int64_t number = 0;
-    for (const char digit : digits)
-        number = number * 10 + (digit - '0');
-    return negative ? -number : number;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
 }

@@ -1,6 +1,6 @@
 #include "storable.h"
 
-#include "load_message.h"
+#include "stored_text.h"
 
 #include <type_traits>
 
@@ -33,9 +33,9 @@ const char* obstacleIn(const std::set<Selector>& selectors)
 
 const char* obstacleToStoring(std::string_view text)
 {
-    if (text.find('<') != std::string_view::npos)
+    if (holdsMarkup(text))
         return "a document cannot hold a text with '<' in it";
-    if (!text.empty() && (isWhiteSpace(text.front()) || isWhiteSpace(text.back())))
+    if (hasOuterWhiteSpace(text))
         return "a document cannot hold a text with white space at an end";
     return nullptr;
 }

@@ -16,13 +16,3 @@ bool isBlank(std::string_view text)
 {
     return text.find_first_not_of(WHITE_SPACE) == std::string_view::npos;
 }
-
-bool survives(std::string_view text)
-{
-    return !holdsMarkup(text) && !hasOuterWhiteSpace(text);
-}
-
-bool nameSurvives(std::string_view name)
-{
-    return !name.empty() && survives(name);
-}

@@ -16,10 +16,4 @@ bool hasOuterWhiteSpace(std::string_view text);
 /// Nothing but white space, or nothing at all.
 bool isBlank(std::string_view text);
 
-/// A text of the document other than a protocol selector's name.
-bool survives(std::string_view text);
-
-/// The name of a protocol selector, which the reader wants if there is an element for it.
-bool nameSurvives(std::string_view name);
-
 #endif

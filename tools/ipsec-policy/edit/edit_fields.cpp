@@ -1,6 +1,7 @@
 #include "edit_fields.h"
 
 #include "edited_config.h"
+#include "hex_digit.h"
 #include "load_message.h"
 #include "nearest.h"
 #include "plain_number.h"
@@ -18,14 +19,14 @@ const std::int64_t GREATEST_32 = 0xFFFFFFFF;
 /// The number in a text such as "0x1000"; nothing if it is none of at most 32 bits.
 std::optional<unsigned long> hexadecimalNumber(std::string_view text)
 {
-    const std::string_view DIGITS = "0123456789abcdefABCDEF";
-    if (text.size() < 3 || text.size() > 10 || text.substr(0, 2) != "0x" ||
-        text.find_first_not_of(DIGITS, 2) != std::string_view::npos)
+    if (text.size() < 3 || text.size() > 10 || text.substr(0, 2) != "0x")
         return std::nullopt;
     unsigned long number = 0;
     for (const char c : text.substr(2)) {
-        const std::size_t digit = DIGITS.find(c);
-        number                  = number * 16 + (digit < 16 ? digit : digit - 6);
+        const unsigned int digit = hexDigit(c);
+        if (digit > 15)
+            return std::nullopt;
+        number = number * 16 + digit;
     }
     return number;
 }

@@ -1,5 +1,6 @@
 #include "edit_words.h"
 
+#include "hex_digit.h"
 #include "text.h"
 
 #include <algorithm>
@@ -25,25 +26,18 @@ Failure escapeFailure()
     return commandFailure(R"(an escape in quotes is none of \" \\ \n \r \t \xHH \u{H...})");
 }
 
-int digitValue(char c)
-{
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    if (c >= 'a' && c <= 'f')
-        return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    throw escapeFailure();
-}
-
 /// The number in one to six hexadecimal digits.
 char32_t hexadecimal(std::string_view digits)
 {
     if (digits.empty() || digits.size() > 6)
         throw escapeFailure();
     char32_t number = 0;
-    for (const char digit : digits)
-        number = number * 16 + static_cast<char32_t>(digitValue(digit));
+    for (const char c : digits) {
+        const unsigned int digit = hexDigit(c);
+        if (digit > 15)
+            throw escapeFailure();
+        number = number * 16 + digit;
+    }
     return number;
 }
 
@@ -108,7 +102,7 @@ class Quotes {
         if (isMark)
             open_ = isOpen() ? '\0' : c;
         // An apostrophe in a word is one; a single quote begins where a word, a value or a member of a list does.
-        mayBegin_ = isMark || BEFORE_A_PIECE.find(c) != std::string_view::npos;
+        mayBegin_ = isMark || isIn(BLANKS, c) || isIn("=,@", c);
         return isMark;
     }
 
@@ -117,7 +111,7 @@ class Quotes {
     bool hasEscapes() const { return open_ == '"'; }
 
   private:
-    static constexpr std::string_view BEFORE_A_PIECE = " \t\v\f\r=,@";
+    static bool isIn(std::string_view characters, char c) { return characters.find(c) != std::string_view::npos; }
 
     char open_     = '\0';
     bool mayBegin_ = true;

@@ -60,6 +60,9 @@ TEST_F(CompleteEdit, NamesGoOnAsTheyAreSpelt)
     EXPECT_THAT(commandsFor("set host-group \"H"), ElementsAre("set host-group \"Head office\""));
     EXPECT_THAT(commandsFor("set host-group \"Head "), ElementsAre("set host-group \"Head office\""));
     EXPECT_THAT(commandsFor("set host-group \"plain"), ElementsAre("set host-group \"plain\""));
+    EXPECT_THAT(wordsFor({"edit", "policy.xml", "-e", "\"set host-group 'H"}),
+                ElementsAre("set host-group 'Head office'"));
+    EXPECT_THAT(wordsFor({"edit", "policy.xml", "-e", "\"set host-group Bob's h"}), IsEmpty());
     EXPECT_THAT(wordsFor({"edit", "policy.xml", "-e", "set\\ host-group\\ H"}),
                 ElementsAre("set\\ host-group\\ H\\\"ead\\ office\\\""));
     EXPECT_THAT(wordsFor({"edit", "policy.xml", "--command='set host-group pl"}),

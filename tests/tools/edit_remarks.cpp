@@ -14,16 +14,17 @@ using testing::Not;
 
 namespace {
 
+const std::string TAKEN = "taken as it is: ";
+
 class EditRemarks : public Editing {
   protected:
     EditRemarks()
     {
-        hold(document(entry("hostGroup", 1, group("hostGroup", "web", "", "")),
-                      entry("protocolGroup", 1, group("protocolGroup", "http", "", "")),
-                      entry("action", 1,
-                            action("tunnel", "",
-                                   "<spdAction>TUNNEL</spdAction><tunnelEndpoint/>"
-                                   "<keyMgr>NONE</keyMgr>"))));
+        hold(document(
+            entry("hostGroup", 1, group("hostGroup", "web", "", "")),
+            entry("protocolGroup", 1, group("protocolGroup", "http", "", "")),
+            entry("action", 1,
+                  action("tunnel", "", "<spdAction>TUNNEL</spdAction><tunnelEndpoint/><keyMgr>NONE</keyMgr>"))));
     }
 
     /// The commands are carried out, and these are all the messages.
@@ -43,18 +44,21 @@ class EditRemarks : public Editing {
 
 TEST_F(EditRemarks, TellOfATunnelEndPointThatIsNone)
 {
-    expectRemarks({"set action 1 tunnelEndpoint=junk", "add action b spdAction=TUNNEL tunnelEndpoint=127.0.0.1"},
-                  {"-e:1: error: bad-tunnel-end-point: 'junk' is no address. Write the IPv4 or IPv6 address of the "
-                   "tunnel's far end.",
-                   "-e:2: warning: special-tunnel-end-point: 127.0.0.1 is each node's own loopback address. Write the "
-                   "address of the tunnel's far end."});
+    expectRemarks(
+        {"set action 1 tunnelEndpoint=junk", "add action b spdAction=TUNNEL tunnelEndpoint=127.0.0.1"},
+        {"-e:1: " + TAKEN +
+             "'junk' is no address. Write the IPv4 or IPv6 address of the tunnel's far end. [bad-tunnel-end-point]",
+         "-e:2: " + TAKEN +
+             "127.0.0.1 is each node's own loopback address. Write the address of the tunnel's far end. "
+             "[special-tunnel-end-point]"});
     EXPECT_THAT(contentOf("p.xml"), HasSubstr("<tunnelEndpoint>junk<"));
 }
 
 TEST_F(EditRemarks, TellOfAddressesWithBitsBehindTheirPrefix)
 {
-    const std::string bits = "warning: host-bits-set: 10.2.0.5 has bits beyond the subnet's prefix of 16. Write "
-                             "10.2.0.0, or a longer prefix.";
+    const std::string bits =
+        TAKEN +
+        "10.2.0.5 has bits beyond the subnet's prefix of 16. Write 10.2.0.0, or a longer prefix. [host-bits-set]";
     expectRemarks({"# first", "add selector host-group web 10.2.0.5/16, 10.0.0.0/8",
                    "add host-group b selectors=10.2.0.5/16", "set host-group b descr=x",
                    "add selector host-group b none, AF_INET SINGLE addr1=a.example"},
@@ -65,16 +69,16 @@ TEST_F(EditRemarks, TellOfPortsOfProtocolsWithoutThem)
 {
     expectRemarks({"add selector protocol-group http tcp/80, icmp/8", "add protocol-group b selectors=esp/1,icmpv6",
                    "add selector protocol-group b tcp/80,443"},
-                  {"-e:1: note: ICMP has no ports: some systems take the number for its type, others refuse it.",
-                   "-e:2: warning: meaningless-port: Protocol 50 has no ports. Write 0, or correct the protocol.",
-                   "-e:3: error: protocol-number: 443 is no protocol number. Write one from 0 to 255, such as 6 for "
-                   "TCP."});
+                  {"-e:1: " + TAKEN + "ICMP has no ports: some systems take the number for its type, others refuse it.",
+                   "-e:2: " + TAKEN + "Protocol 50 has no ports. Write 0, or correct the protocol. [meaningless-port]",
+                   "-e:3: " + TAKEN +
+                       "443 is no protocol number. Write one from 0 to 255, such as 6 for TCP. [protocol-number]"});
 }
 
 TEST_F(EditRemarks, TellOfANameThatAnotherHas)
 {
     const std::string twice =
-        "note: repeated-name: There are 2 host groups of the name 'web'. Commands must call them by ID.";
+        TAKEN + "There are 2 host groups of the name 'web'. Commands must call them by ID. [repeated-name]";
     expectRemarks({"add host-group web", "add action web"}, {"-e:1: " + twice});
     expectRemarks({"set host-group 1 name=b", "add host-group c", "replace host-group 3 web"}, {"-e:3: " + twice});
 }
@@ -90,9 +94,10 @@ TEST_F(EditRemarks, AreSilentOfANameThatIsAnothersForAWhileOrWasBefore)
 
 TEST_F(EditRemarks, TellOfCharactersThatCannotBeSeenAndOfBytesThatAreNoText)
 {
-    expectRemarks({"set host-group 1 name=\"a\\x00b\"", "set host-group 1 descr=\xff", "set protocol-group 1 descr=ok"},
-                  {"-e:1: warning: hidden-character: The text holds \\x00, which cannot be seen. Write it without.",
-                   "-e:2: note: not-utf-8: The text holds the byte \\xff, which is not UTF-8. Write it in UTF-8."});
+    expectRemarks(
+        {"set host-group 1 name=\"a\\x00b\"", "set host-group 1 descr=\xff", "set protocol-group 1 descr=ok"},
+        {"-e:1: " + TAKEN + "The text holds \\x00, which cannot be seen. Write it without. [hidden-character]",
+         "-e:2: " + TAKEN + "The text holds the byte \\xff, which is not UTF-8. Write it in UTF-8. [not-utf-8]"});
 }
 
 TEST_F(EditRemarks, AreAboutWhatTheCommandsSayAlone)
@@ -111,9 +116,11 @@ TEST_F(EditRemarks, AreNotMadeWhereNothingIsDone)
 TEST_F(EditRemarks, DoNotShowKeys)
 {
     const Outcome outcome = edit({"set action 1 keyMgr=IKE ikePhase1/presharedKey=\"s3cr\\x01et\""});
-    EXPECT_EQ(outcome, (Outcome{0, "",
-                                "ipsec-policy: -e:1: warning: hidden-character: The text holds a character, which "
-                                "cannot be seen. Write it without.\n"}));
+    EXPECT_EQ(
+        outcome,
+        (Outcome{0, "",
+                 "ipsec-policy: -e:1: " + TAKEN +
+                     "The text holds a character, which cannot be seen. Write it without. [hidden-character]\n"}));
 }
 
 TEST_F(EditRemarks, EndWithTheirNumberWhereTheyAreAGreatMany)
@@ -123,10 +130,11 @@ TEST_F(EditRemarks, EndWithTheirNumberWhereTheyAreAGreatMany)
         script += "add selector host-group 1 10.0.0." + std::to_string(i + 1) + "/8\n";
     const Outcome outcome = run({"edit", "p.xml", "-"}, script);
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.err, HasSubstr("standard input:20: warning: host-bits-set: 10.0.0.20 has bits"));
+    EXPECT_THAT(outcome.err, HasSubstr("standard input:20: " + TAKEN + "10.0.0.20 has bits"));
     EXPECT_THAT(outcome.err, Not(HasSubstr("10.0.0.21")));
-    EXPECT_THAT(outcome.err, testing::EndsWith("ipsec-policy: standard input:21: ... and so on, 3 more. 'ipsec-policy "
-                                               "check' tells all.\n"));
+    EXPECT_THAT(
+        outcome.err,
+        testing::EndsWith("ipsec-policy: standard input:21: ... and so on, 3 more. 'ipsec-policy check' tells all.\n"));
 }
 
 } // namespace

@@ -373,8 +373,8 @@ TEST_F(EditPrompt, MakesANamePrintable)
                   },
                   command),
               (Outcome{0, "",
-                       "ipsec-policy: -e:1: warning: hidden-character: The text holds \\x1b, which cannot be seen. "
-                       "Write it without.\n"}));
+                       "ipsec-policy: -e:1: taken as it is: The text holds \\x1b, which cannot be seen. Write it "
+                       "without. [hidden-character]\n"}));
 }
 
 TEST_F(EditPrompt, TakesNoEmptyAnswer)

@@ -1,6 +1,5 @@
 #include "edit_remarks.h"
 
-#include "check_report.h"
 #include "checks.h"
 
 #include <algorithm>
@@ -29,8 +28,7 @@ void findPortsOfICMP(const ProtocolGroup& group, std::multimap<std::size_t, std:
 {
     for (const ProtocolSelector& selector : group.selectors)
         if ((selector.protocol == 1 || selector.protocol == 58) && (selector.dstPort != 0 || selector.srcPort != 0)) {
-            texts.emplace(line,
-                          "note: ICMP has no ports: some systems take the number for its type, others refuse it.");
+            texts.emplace(line, "ICMP has no ports: some systems take the number for its type, others refuse it.");
             return;
         }
 }
@@ -84,8 +82,7 @@ void Remarks::keep(std::size_t line, const Findings& findings, const IsGiven& is
     const std::string LIST = "selectors";
     for (const Finding& finding : findings)
         if (isGiven(finding.path.field.compare(0, LIST.size(), LIST) == 0 ? LIST : finding.path.field))
-            texts_.emplace(line,
-                           joined({wordOf(finding.rule->level), ": ", finding.rule->code, ": ", finding.message}));
+            texts_.emplace(line, joined({finding.message, " [", finding.rule->code, "]"}));
 }
 
 void Remarks::keepName(std::size_t line, Kind kind, const std::string& name, const IsGiven& isGiven)
@@ -99,9 +96,9 @@ std::vector<std::string> Remarks::all(const EditedConfig& config) const
     auto texts = texts_;
     for (const auto& [named, line] : names_)
         if (const auto ids = idsNamed(config, named.first, named.second); ids.size() > 1)
-            texts.emplace(
-                line, joined({"note: repeated-name: There are ", std::to_string(ids.size()), " ", pluralOf(named.first),
-                              " of the name ", quoted(named.second), ". Commands must call them by ID."}));
+            texts.emplace(line,
+                          joined({"There are ", std::to_string(ids.size()), " ", pluralOf(named.first), " of the name ",
+                                  quoted(named.second), ". Commands must call them by ID. [repeated-name]"}));
 
     std::vector<std::string> lines;
     for (const auto& [line, text] : texts) {
@@ -110,7 +107,7 @@ std::vector<std::string> Remarks::all(const EditedConfig& config) const
                                     " more. 'ipsec-policy check' tells all."}));
             break;
         }
-        lines.push_back(joined({std::to_string(line), ": ", text}));
+        lines.push_back(joined({std::to_string(line), ": taken as it is: ", text}));
     }
     return lines;
 }

@@ -29,8 +29,9 @@ class Remarks {
     void add(std::size_t line, unsigned int id, const ipsecimpl::IPsecAction& action, const IsGiven& isGiven);
     /// @}
 
-    /// All of it: lines such as "3: warning: host-bits-set: ...", in the order of the commands, fit for a terminal. Of
-    /// a great many the first ones. Names are held against those that there are in the end.
+    /// All of it: lines such as "3: taken as it is: 10.2.0.5 has bits beyond ... [host-bits-set]", in the order of the
+    /// commands, fit for a terminal. Of a great many the first ones. Names are held against those that there are in the
+    /// end.
     std::vector<std::string> all(const EditedConfig& config) const;
 
   private:

@@ -282,6 +282,8 @@ const WrongUsage WRONG_USAGES[] = {
     {{"edit", "a", "-e", "b", "c", "d"},   "edit",   "unexpected argument (a command with blanks must be in quotes)"},
     {{"edit", "a", "set action 1 ikePhase1/presharedKey=x"}, "edit", COMMAND_FOR_FILE},
     {{"edit", "add action x", "-e", "y"},  "edit",   COMMAND_FOR_FILE},
+    {{"edit", "a", "ikePhase1/presharedKey=x"}, "edit", COMMAND_FOR_FILE},
+    {{"edit", "manualKey/outboundEncrIV=x", "-e", "y"}, "edit", COMMAND_FOR_FILE},
     {{"edit", "a", "-e"},                  "edit",   "option '--command' needs a value"},
     {{"edit", "a", "-e", ""},              "edit",   "option '--command' has an empty value"},
     {{"edit", "a", "--comand=b"},          "edit",   "unknown option '--comand' (did you mean '--command'?)"},

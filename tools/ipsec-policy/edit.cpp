@@ -5,6 +5,7 @@
 #include "edit_losses.h"
 #include "edited_file.h"
 #include "files.h"
+#include "leaf_words.h"
 #include "options.h"
 #include "storability.h"
 #include "text.h"
@@ -44,13 +45,15 @@ struct Script {
     std::string text;
 };
 
-/// Whether a command stands where the name of a file is expected. It may hold a key, so it is not to be told.
+/// Whether a command, or a key's FIELD=VALUE out of one, stands where the name of a file is expected. Then the name is
+/// not to be told.
 bool isCommand(const std::string& fileName)
 {
     for (const std::string start : {"add ", "replace ", "set ", "remove "})
         if (fileName.compare(0, start.size(), start) == 0)
             return true;
-    return false;
+    const std::string_view path = std::string_view(fileName).substr(0, fileName.find('='));
+    return path.size() < fileName.size() && isSecretTag(path.substr(path.rfind('/') + 1));
 }
 
 void refuseMisuse(const Options& options)

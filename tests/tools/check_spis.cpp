@@ -78,7 +78,11 @@ Samples inboundSamples()
         {CODE,
          {"actions/2/manualKey/inboundESPSPI: ESP SPI 256 is also that of what action 1 'Protect'" + IN_TWICE},
          transports({IPSEC_ESP, 256, 1000}, {IPSEC_ESP, 256, 1001}, 2),
-         transports({IPSEC_ESP, 255, 1000}, {IPSEC_ESP, 255, 1001}, 2)},
+         transports({IPSEC_ESP, 256, 1000}, {IPSEC_ESP, 255, 1001}, 2)},
+        {CODE,
+         {"actions/2/manualKey/inboundESPSPI: ESP SPI 255 is also that of what action 1 'Protect'" + IN_TWICE},
+         transports({IPSEC_ESP, 255, 1000}, {IPSEC_ESP, 255, 1001}, 2),
+         transports({IPSEC_ESP, 255, 1000}, {IPSEC_ESP, 254, 1001}, 2)},
     };
 }
 
@@ -107,6 +111,10 @@ Samples outboundSamples()
           "actions/2/manualKey/outboundAHSPI: AH SPI 1000 is also that of what action 1 'Protect'" + OUT_TWICE},
          sharing({IPSEC_ESP_AH, 256, 1000}, {IPSEC_ESP_AH, 257, 1000}),
          sharing({IPSEC_ESP_AH, 256, 1000}, {IPSEC_ESP_AH, 257, 1001})},
+        {CODE,
+         {"actions/2/manualKey/outboundAHSPI: AH SPI 0 is also that of what action 1 'Tunnel'" + OUT_TWICE},
+         tunnels("192.0.2.1", {IPSEC_AH, 256, 0}, "192.0.2.1", {IPSEC_AH, 257, 0}),
+         tunnels("192.0.2.1", {IPSEC_AH, 256, 0}, "192.0.2.2", {IPSEC_AH, 257, 0})},
     };
 }
 

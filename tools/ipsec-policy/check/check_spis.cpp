@@ -72,7 +72,7 @@ Receiver receiverAt(const Address& address)
     return {address.family == HOST_INET ? Receiver::Kind::IPV4 : Receiver::Kind::IPV6, address.bytes, 0};
 }
 
-/// All SPIs in force, but for reserved ones, which are wrong anyhow.
+/// All SPIs in force.
 class Uses {
   public:
     explicit Uses(const Model& model)
@@ -93,8 +93,7 @@ class Uses {
     void add(Protocol protocol, unsigned long spi, const Receiver& receiver, const Entry<IPsecAction>& action,
              const char* field)
     {
-        if (spi > LAST_RESERVED)
-            uses.push_back({protocol, spi, receiver, &action, field});
+        uses.push_back({protocol, spi, receiver, &action, field});
     }
 
     void addInbound(const Entry<IPsecAction>& action, const MKM& key)

@@ -1,6 +1,7 @@
 #include "check_file.h"
 
 #include "check_model.h"
+#include "consequences.h"
 #include "document.h"
 #include "file_modes.h"
 #include "files.h"
@@ -114,6 +115,7 @@ void checkDocument(CheckedFile& file, const Algorithms* algorithms)
 
     Findings understood; // mostly few or none
     checkUnderstood(*file.source, understood);
+    dropConsequences(understood, file.findings);
     file.findings.insert(file.findings.begin(), std::make_move_iterator(understood.begin()),
                          std::make_move_iterator(understood.end()));
 }

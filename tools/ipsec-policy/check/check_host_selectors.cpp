@@ -37,12 +37,6 @@ const Rule MASK_HOLES = {"mask-with-holes", Level::ERROR, "A mask has zero bits 
                          "Write a mask such as 255.255.255.0, or a prefix length instead.",
                          ""};
 
-const Rule HOST_BITS = {"host-bits-set", Level::WARNING, "A subnet's address has bits that its prefix leaves to hosts",
-                        "Either the address is that of a host, or the prefix is shorter than meant. Some\n"
-                        "systems drop these bits, others refuse the subnet, or match nothing with it.\n"
-                        "Write the address of the network, or a longer prefix.",
-                        ""};
-
 const Rule NO_HOSTS = {"no-host-selector", Level::WARNING, "A host selector of type NONE names no host",
                        "It adds nothing to its group. A group of nothing else makes policies that apply\n"
                        "to nothing.\n"
@@ -128,7 +122,7 @@ void SelectorCheck::checkHostBits(const Address& address, int length)
 {
     const Address network = masked(address, maskOf(address.family, length));
     if (network.bytes != address.bytes)
-        reportField(HOST_BITS, "addr1",
+        reportField(HOST_BITS_SET, "addr1",
                     joined({selector_.addr1, " has bits beyond the subnet's prefix of ", std::to_string(length),
                             ". Write ", textOf(network), ", or a longer prefix."}));
 }
@@ -188,9 +182,19 @@ void SelectorCheck::check()
 
 } // namespace
 
+const Rule HOST_BITS_SET = {
+    "host-bits-set",
+    Level::WARNING,
+    "A subnet's address has bits that its prefix leaves to hosts",
+    "Either the address is that of a host, or the prefix is shorter than meant. Some\n"
+    "systems drop these bits, others refuse the subnet, or match nothing with it.\n"
+    "Write the address of the network, or a longer prefix.",
+    "",
+};
+
 Rules hostSelectorRules()
 {
-    return {&NO_ADDRESS, &NO_FAMILY, &BACK_TO_FRONT, &PREFIX_LENGTH, &MASK_HOLES, &HOST_BITS, &NO_HOSTS};
+    return {&NO_ADDRESS, &NO_FAMILY, &BACK_TO_FRONT, &PREFIX_LENGTH, &MASK_HOLES, &HOST_BITS_SET, &NO_HOSTS};
 }
 
 void checkHostSelectors(const Entry<HostGroup>& entry, Findings& findings)

@@ -16,6 +16,9 @@
 
 class Algorithms;
 
+/// Of a selector's address, though it may be the length that is wrong.
+extern const Rule HOST_BITS_SET;
+
 /// \name Checks of one object
 /// @{
 void checkTexts(const Entry<ipsecimpl::HostGroup>& entry, Findings& findings);

@@ -142,8 +142,10 @@ TEST_F(Check, LeavesOutWhatIsBelowTheLevel)
     const std::string warnings = run({"check", "-", "--level", "warning"}, withWarning()).out;
     EXPECT_THAT(warnings, Not(HasSubstr("note")));
     EXPECT_THAT(warnings, HasSubstr("warning: octal-number: actions/1/changeCount\n"));
-    EXPECT_THAT(warnings, HasSubstr("\n1 warning in 1 file\n"));
-    EXPECT_EQ(run({"check", "-", "--level", "error"}, withWarning()), printed(NOTHING_FOUND));
+    EXPECT_THAT(warnings, HasSubstr("\n1 warning in 1 file; 1 finding of lower levels left out\n"));
+    EXPECT_EQ(run({"check", "-", "--level", "error"}, withWarning()),
+              printed("nothing found in 1 file; 2 findings of lower levels left out\n"));
+    EXPECT_EQ(run({"check", "-", "--level", "error"}, document()), printed(NOTHING_FOUND));
 }
 
 TEST_F(Check, ChecksEveryFileInTheOrderOfTheArguments)
@@ -242,6 +244,7 @@ TEST_F(Check, TellsScriptsTheSame)
   "errors": 1,
   "warnings": 1,
   "notes": 0,
+  "leftOut": 1,
   "files": 1,
   "unread": [
     {
@@ -257,8 +260,8 @@ TEST_F(Check, TellsScriptsTheSame)
 TEST_F(Check, TellsScriptsThatNothingIsFound)
 {
     EXPECT_EQ(run({"check", "--json", "-"}, document()),
-              printed("{\n  \"findings\": [],\n  \"errors\": 0,\n  \"warnings\": 0,\n  \"notes\": 0,\n  \"files\": 1,\n"
-                      "  \"unread\": []\n}\n"));
+              printed("{\n  \"findings\": [],\n  \"errors\": 0,\n  \"warnings\": 0,\n  \"notes\": 0,\n"
+                      "  \"leftOut\": 0,\n  \"files\": 1,\n  \"unread\": []\n}\n"));
 }
 
 std::string withProposal()

@@ -134,6 +134,7 @@ void checkInto(Report& report, Totals& totals, const std::string& fileName, cons
     }
     report.add(*file);
     ++totals.files;
+    totals.leftOut += file->leftOut;
     for (const Finding& finding : file->findings)
         ++totals.findings[static_cast<std::size_t>(finding.rule->level)];
 }
@@ -230,9 +231,9 @@ const Command CHECK_COMMAND = {
     "for keys and for what could be one: text in place of a number, and where the\n"
     "document does not load, all but tags. JSON and SARIF hold no lines.\n\n"
     "JSON: an object with findings (a list of objects: file, line, column, endColumn,\n"
-    "level, code, path, message, reference), the counts errors, warnings, notes and\n"
-    "files, and unread (a list of objects: file, message). What does not apply to a\n"
-    "finding is left out, such as the path where it is about the file.",
+    "level, code, path, message, reference), the counts errors, warnings, notes,\n"
+    "leftOut and files, and unread (a list of objects: file, message). What does not\n"
+    "apply to a finding is left out, such as the path where it is about the file.",
     "ipsec-policy check policy.xml\n"
     "ipsec-policy check --level=warning --sarif *.xml > result.sarif\n"
     "ipsec-policy check --explain does-not-load",

@@ -138,7 +138,9 @@ std::unique_ptr<const CheckedFile> checkFile(const std::string& fileName, const 
 
     Findings&  findings = file->findings;
     const auto isTooLow = [&options](const Finding& finding) { return finding.rule->level > options.least; };
-    findings.erase(std::remove_if(findings.begin(), findings.end(), isTooLow), findings.end());
+    const auto tooLow   = std::remove_if(findings.begin(), findings.end(), isTooLow);
+    file->leftOut       = static_cast<std::size_t>(findings.end() - tooLow);
+    findings.erase(tooLow, findings.end());
     locate(*file);
     sort(findings);
     return file;

@@ -32,6 +32,9 @@ struct CheckedFile {
     std::unique_ptr<const Source>                 source;
     /// @}
 
+    /// How many findings are not there because their level is too low.
+    std::size_t leftOut = 0;
+
     /// In the order of the report. All are located that are not about the file, and none goes beyond a line.
     Findings findings;
 };
@@ -47,6 +50,7 @@ struct Totals {
     std::array<std::size_t, 3> findings = {}; ///< by Level
     std::size_t                files    = 0;  ///< that could be read
     std::size_t                unread   = 0;
+    std::size_t                leftOut  = 0; ///< findings of too low a level
 };
 
 std::size_t countOf(const Totals& totals, Level level);

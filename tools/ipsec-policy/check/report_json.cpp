@@ -59,6 +59,7 @@ void JsonReport::finish(const Totals& totals)
     write("errors", countOf(totals, Level::ERROR));
     write("warnings", countOf(totals, Level::WARNING));
     write("notes", countOf(totals, Level::NOTE));
+    write("leftOut", totals.leftOut);
     write("files", totals.files);
     write("unread", unread_);
     out_.write("\n}\n");

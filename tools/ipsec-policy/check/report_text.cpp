@@ -183,6 +183,8 @@ void TextReport::finish(const Totals& totals)
         if (const std::size_t count = countOf(totals, level); count > 0)
             found += (found.empty() ? "" : ", ") + counted(count, wordOf(level));
     std::string text = (found.empty() ? "nothing found" : found) + " in " + counted(totals.files, "file");
+    if (totals.leftOut > 0)
+        text += "; " + counted(totals.leftOut, "finding") + " of lower levels left out";
     if (totals.unread > 0)
         text += "; " + counted(totals.unread, "file") + " could not be read";
     out_.write(text + '\n');

@@ -140,6 +140,17 @@ INSTANTIATE_TEST_SUITE_P(Terminal, WithoutColours,
                          testing::Values(std::pair("NO_COLOR", "1"), std::pair("NO_COLOR", "0"),
                                          std::pair("TERM", "dumb")));
 
+TEST(Terminal, APathThatDoesNotFitStandsBelowTheFinding)
+{
+    const std::string text  = document(entry("hostGroup", 1, group("hostGroup", "Peers", "", "")));
+    const std::string start = "standard input:1:46: note: unused-group:";
+    EXPECT_THAT(run({"check", "-"}, text, [] { setenv("COLUMNS", "40", 1); }).out,
+                HasSubstr(start + " hostGroups/1\n"));
+    const Variables PLAIN = {{"NO_COLOR", "1"}};
+    EXPECT_THAT(onTerminal({"check", "-"}, text, 53, PLAIN), HasSubstr(start + " hostGroups/1\n"));
+    EXPECT_THAT(onTerminal({"check", "-"}, text, 52, PLAIN), HasSubstr(start + "\n    hostGroups/1\n"));
+}
+
 TEST(Terminal, AnEmptyNoColorMeansNothing)
 {
     EXPECT_THAT(onTerminal({"show", "-"}, DANGLING, 80, {{"NO_COLOR", ""}}), HasSubstr("\x1b[31m"));

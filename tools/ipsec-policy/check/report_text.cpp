@@ -9,12 +9,16 @@
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
+
+#include <unistd.h>
 
 namespace {
 
 const char        INDENT[]          = "    ";
+const char        PATH_BELOW[]      = "\n    ";
 const char        MARGIN[]          = " | ";
 const std::size_t LINE_NUMBER_WIDTH = 6;
 
@@ -48,6 +52,7 @@ class TextReport : public Report {
         : out_(out)
         , showsKeys_(showKeys)
         , width_(outputWidth())
+        , isTerminal_(isatty(STDOUT_FILENO) == 1)
     {
     }
 
@@ -57,6 +62,7 @@ class TextReport : public Report {
 
   private:
     void addHeading(const Finding& finding, const std::string& fileName, const Position& position);
+    bool fits(std::string_view level, std::string_view code) const;
     void addExcerpt(const std::string& document, const Finding& finding, std::size_t line, LineSecrets* secrets);
     void addMessage(const Finding& finding);
     void addLines(const Finding& finding);
@@ -71,12 +77,14 @@ class TextReport : public Report {
     StandardOutput& out_;
     bool            showsKeys_;
     std::size_t     width_;
+    bool            isTerminal_;
     std::string     text_; // of some findings
 
     std::unordered_map<const Rule*, Paragraph> paragraphs_; // the last of each
 
     // Kept to use their memory again.
     std::string              place_;
+    std::string              path_;
     Excerpt                  excerpt_;
     std::string              message_;
     std::vector<WrappedLine> lines_;
@@ -115,13 +123,24 @@ void TextReport::addHeading(const Finding& finding, const std::string& fileName,
     place_ += ':';
     appendColoured(text_, place_, Colour::BOLD);
 
-    const Rule& rule = *finding.rule;
+    const Rule&      rule  = *finding.rule;
+    std::string_view level = wordOf(rule.level);
     text_ += ' ';
-    appendColoured(text_, wordOf(rule.level), colourOf(rule.level));
+    appendColoured(text_, level, colourOf(rule.level));
     (text_ += ": ") += rule.code;
-    if (!finding.isAboutFile)
-        appendText(text_ += ": ", finding.path);
+    if (!finding.isAboutFile) {
+        path_.clear();
+        appendText(path_, finding.path);
+        ((text_ += ':') += fits(level, rule.code) ? std::string_view(" ") : PATH_BELOW) += path_;
+    }
     text_ += '\n';
+}
+
+/// Whether the heading, with the path, takes no more than a line of a terminal. Elsewhere lines are for programs.
+bool TextReport::fits(std::string_view level, std::string_view code) const
+{
+    const std::size_t BETWEEN = 5; // blanks and colons
+    return !isTerminal_ || columnsOf(place_) + level.size() + code.size() + path_.size() + BETWEEN <= width_;
 }
 
 /// `secrets` are those of a document that loads; else it is null.

@@ -93,8 +93,9 @@ such as a number with something behind it: 'check' tells of all of them.
 --check exits with 1 if a file is not in the written form, and names the first
 line that would change. With --check and --in-place there may be several FILEs.
 With --check --json, an object with two lists: files (file, written; if that is
-false, message, and if the file can be formatted, the line and the column that
-would change first) and unread (file, message).
+false, message, and the line and column that would change first, or where the
+document does not load, with the elements that are open there) and unread
+(file, message).
 
 OUT may be FILE, which is --in-place. A file is replaced in one step, or left
 as it was; one that would not change is not touched. Its mode, owner, group and

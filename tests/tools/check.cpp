@@ -156,8 +156,8 @@ TEST_F(Check, ChecksEveryFileInTheOrderOfTheArguments)
     EXPECT_EQ(run({"check", "c.xml", "b.xml", "-", "a.xml"}, withNote()),
               (Outcome{1,
                        "c.xml:1:1: error: does-not-load\n"
-                       "    Reading ends here: the document is empty. No more of this document was\n"
-                       "    checked.\n\n"
+                       "    Reading ends here: the document is empty. Make a configuration with\n"
+                       "    'ipsec-policy new'. No more of this document was checked.\n\n"
                        "b.xml" +
                            NOTE + "standard input" + NOTE + "1 error, 2 notes in 4 files\n",
                        ""}));

@@ -44,74 +44,88 @@ const char BEFORE_MODE[] = "<ipsec><hostGroups/><protocolGroups/>\n<actions>\n<a
 // clang-format off
 const Broken AT_TAGS[] = {
     {"<ipsec>\n<hostGroups>\n  </policies>\n", "3:3", "  </policies>", "  ^~~~~~~~~~~",
-     "    Reading ends here: parse_end_tag: begin/end tags don't match. Open elements:\n"
-     "    <ipsec> <hostGroups>. No more of this document was checked.\n"},
-    {"<ipsec>\n<policies>\n", "2:1", "<policies>", "^~~~~~~~~",
+     "    Reading ends here: parse_end_tag: begin/end tags don't match. Write\n"
+     "    </hostGroups> instead of this tag. Open elements: <ipsec> <hostGroups>. No\n"
+     "    more of this document was checked.\n"},
+    {"<ipsec>\n<policies>\n", "2:1", "<policies>", "^~~~~~~~~~",
      "    Reading ends here: parse_simple_tag: wrong tag; expected <hostGroups>, found\n"
-     "    <policies>. Open elements: <ipsec> <policies>. No more of this document was\n"
-     "    checked.\n"},
+     "    <policies>. Write <hostGroups> before this tag, or instead: the order is\n"
+     "    fixed. Open elements: <ipsec>. No more of this document was checked.\n"},
     // The tag that is missing should stand before this one.
     {"<ipsec>\n\n </ipsec>", "3:2", " </ipsec>", " ^~~~~~~~",
      "    Reading ends here: parse_simple_tag: missing tag; expected <hostGroups>.\n"
+     "    Write <hostGroups> before this tag: it cannot be left out. Open elements:\n"
+     "    <ipsec>. No more of this document was checked.\n"},
+    {"<ipsec a='1'>", "1:1", "<ipsec ***>", "^~~~~~~~~~~",
+     "    Reading ends here: parse_tag_end: invalid attribute or missing '>'. End the\n"
+     "    tag with '>'. The only attribute is value, of elements that hold a text.\n"
      "    Open elements: <ipsec>. No more of this document was checked.\n"},
-    {"<ipsec a='1'>", "1:1", "<ipsec ***>", "^~~~~~~~~~",
-     "    Reading ends here: parse_tag_end: invalid attribute or missing '>'. Open\n"
-     "    elements: <ipsec>. No more of this document was checked.\n"},
     {"<ipsec><hostGroups><hostGroupEntry/>", "1:20", "<ipsec><hostGroups><hostGroupEntry/>",
                                                      "                   ^~~~~~~~~~~~~~~~~",
-     "    Reading ends here: hostGroup missing required data. No more of this document\n"
-     "    was checked.\n"},
+     "    Reading ends here: hostGroup missing required data. It cannot be empty:\n"
+     "    write what belongs in it. Open elements: <ipsec> <hostGroups>. No more of\n"
+     "    this document was checked.\n"},
 };
 
 const Broken AT_LEAVES[] = {
     {"<ipsec><hostGroups>\n<hostGroupEntry><id>0</id>", "2:17", "<hostGroupEntry><id>***</id>",
                                                                 "                ^~~~~~~~~~~~",
-     "    Reading ends here: invalid ID for hostGroup. No more of this document was\n"
-     "    checked.\n"},
+     "    Reading ends here: invalid ID for hostGroup. Write a whole number from 1 to\n"
+     "    2147483647. Open elements: <ipsec> <hostGroups> <hostGroupEntry>. No more of\n"
+     "    this document was checked.\n"},
     {std::string(BEFORE_MODE) + "<spdAction>ENCRYPT</spdAction>", "4:1", "<spdAction>***</spdAction>",
                                                                          "^~~~~~~~~~~~~~~~~~~~~~~~~~",
-     "    Reading ends here: bad value (not shown) for <spdAction> in <action>. No\n"
-     "    more of this document was checked.\n"},
+     "    Reading ends here: bad value (not shown) for <spdAction> in <action>. Write\n"
+     "    one of these in <spdAction>: NONE, BYPASS, DISCARD, TRANSPORT, TUNNEL. Open\n"
+     "    elements: <ipsec> <actions> <actionEntry> <action>. No more of this document\n"
+     "    was checked.\n"},
     {document("", "", "", entry("policy", 1, policy(1, 1, 1)) + "\n" + entry("policy", 1, policy(2, 2, 2))),
      "2:14", "<policyEntry><id>***</id><policy><hostGroupID>***</hostGroupID><p...",
              "             ^~~~",
-     "    Reading ends here: duplicate ID. No more of this document was checked.\n"},
+     "    Reading ends here: duplicate ID. The first entry with it has it at 1:108.\n"
+     "    Write an ID that no other has. Open elements: <ipsec> <policies>\n"
+     "    <policyEntry>. No more of this document was checked.\n"},
 };
 
 const Broken AT_TEXTS[] = {
     {"<ipsec>text<hostGroups>", "1:8", "<ipsec>***<hostGroups>", "       ^~~",
-     "    Reading ends here: parse_tag: expected '<', found (not shown). Open\n"
-     "    elements: <ipsec>. No more of this document was checked.\n"},
+     "    Reading ends here: parse_tag: expected '<', found (not shown). Only elements\n"
+     "    can stand here: remove this text. Open elements: <ipsec>. No more of this\n"
+     "    document was checked.\n"},
     {"<?xml version='1.0'?>\n<ipsec>", "1:1", "***", "^~~",
      "    Reading ends here: parse_tag: unnamed tag (this format has no XML\n"
-     "    declaration, comments, DOCTYPE or CDATA). No more of this document was\n"
-     "    checked.\n"},
+     "    declaration, comments, DOCTYPE or CDATA). Remove it. No more of this\n"
+     "    document was checked.\n"},
     {document() + "\t<!-- end -->", "2:2", "    ***", "    ^~~",
-     "    Reading ends here: something follows </ipsec>. No more of this document was\n"
-     "    checked.\n"},
+     "    Reading ends here: something follows </ipsec>. Remove it: a file holds one\n"
+     "    configuration. No more of this document was checked.\n"},
     {std::string("<ipsec>\n\0x", 10), "2:1", "***", "^~~",
      "    Reading ends here: the document does not load; why cannot be told, because\n"
-     "    it holds a NUL character. No more of this document was checked.\n"},
+     "    it holds a NUL character. Remove it: the first one is at 2:1. Open elements:\n"
+     "    <ipsec>. No more of this document was checked.\n"},
 };
 
 const Broken AT_ENDS[] = {
     {"", "1:1", "", "",
-     "    Reading ends here: the document is empty. No more of this document was\n"
-     "    checked.\n"},
+     "    Reading ends here: the document is empty. Make a configuration with\n"
+     "    'ipsec-policy new'. No more of this document was checked.\n"},
     {" \n\n", "1:1", " ", "^",
-     "    Reading ends here: the document is empty. No more of this document was\n"
-     "    checked.\n"},
+     "    Reading ends here: the document is empty. Make a configuration with\n"
+     "    'ipsec-policy new'. No more of this document was checked.\n"},
     {"\xef\xbb\xbf" + document(), "1:1", "***<ipsec><hostGroups></hostGroups><protocolGroups></protocolGrou...",
                                          "^~~",
      "    Reading ends here: the document begins with a byte order mark, which this\n"
-     "    format does not have. No more of this document was checked.\n"},
+     "    format does not have. Store it as UTF-8 without one. No more of this\n"
+     "    document was checked.\n"},
     {"<ipsec>\n\t<hostGroups>\n\n", "2:14", "    <hostGroups>", "                ^",
-     "    Reading ends here: parse_tag: expected '<' (the document ends here). Open\n"
+     "    Reading ends here: parse_tag: expected '<' (the document ends here). The\n"
+     "    document is not complete. Take a whole copy, or add what is missing. Open\n"
      "    elements: <ipsec> <hostGroups>. No more of this document was checked.\n"},
     {"<ipsec>\r\n<host", "2:6", "***", "   ^",
      "    Reading ends here: parse_simple_tag: wrong tag; expected <hostGroups>, found\n"
-     "    an unknown element (the document ends here). Open elements: <ipsec> an\n"
-     "    unknown element. No more of this document was checked.\n"},
+     "    an unknown element (the document ends here). The document is not complete.\n"
+     "    Take a whole copy, or add what is missing. Open elements: <ipsec>. No more\n"
+     "    of this document was checked.\n"},
 };
 // clang-format on
 

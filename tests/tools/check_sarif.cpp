@@ -154,7 +154,31 @@ TEST_F(CheckSarif, SaysThatTheRunSucceededThoughADocumentDoesNotLoad)
     EXPECT_EQ(outcome.status, 1);
     const Json all = runIn(outcome);
     EXPECT_EQ(all["results"][0]["ruleId"], "does-not-load");
+    EXPECT_EQ(all["results"][0]["properties"].dump(), R"({"elements":["ipsec"]})");
     EXPECT_EQ(all["invocations"].dump(), R"([{"executionSuccessful":true,"toolExecutionNotifications":[]}])");
+}
+
+TEST_F(CheckSarif, HasElementsOnlyWhereADocumentDoesNotLoad)
+{
+    for (const Json& result : runIn(run({"check", "--sarif", "-"}, WITH_ERRORS))["results"])
+        EXPECT_FALSE(result.contains("properties"));
+    const std::string text =
+        document("", entry("protocolGroup", 1,
+                           group("protocolGroup", "n", "", "<protocolSelector><S3cret x='1'></protocolSelector>")));
+    EXPECT_EQ(runIn(run({"check", "--sarif", "-"}, text))["results"][0]["properties"].dump(),
+              R"({"elements":["ipsec","protocolGroups","protocolGroupEntry","protocolGroup","selectors",)"
+              R"("protocolSelector",null]})");
+}
+
+TEST_F(CheckSarif, KeepsToTheLinesOfADocumentThatDoesNotLoad)
+{
+    for (const std::string text : {"<ipsec>", "<ipsec>\n", "<ipsec>\r\n\t<hostGroups>\n\n", "<ipsec>\n<actions>\n",
+                                   "\xc3\xa4", "<ipsec>\n<!-- \xc3\xa4 -->", "<ipsec\n a='1'\n>", "\xff"}) {
+        const Json all = runIn(run({"check", "--sarif", "-"}, text));
+        ASSERT_EQ(all["results"].size(), 1U);
+        EXPECT_TRUE(all["results"][0]["locations"][0]["physicalLocation"].contains("region"));
+        EXPECT_NO_THROW(requireRegionsIn(text, all)) << text;
+    }
 }
 
 TEST_F(CheckSarif, NeverTakesAFileNameForAScheme)
@@ -217,6 +241,8 @@ TEST(SarifLog, IsRefusedWhereTheStandardDoes)
         {R"("startColumn":2)", R"("startColumn":4)"},
         {R"("endColumn":3)", R"("endColumn":3.5)"},
         {R"("endColumn":3)", R"("lastColumn":3)"},
+        {R"("ruleId":"a",)", R"("ruleId":"a","properties":{"elements":"x"},)"},
+        {R"("ruleId":"a",)", R"("ruleId":"a","properties":{"elements":[1]},)"},
         {"unicodeCodePoints", "bytes"},
         {R"("executionSuccessful":true,)", ""},
         {R"("executionSuccessful":true)", R"("executionSuccessful":false)"},

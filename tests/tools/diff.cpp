@@ -220,9 +220,10 @@ TEST_F(Diff, ReadsEitherDocumentFromStandardInput)
 
 TEST_F(Diff, OfADocumentThatDoesNotLoadIsRefused)
 {
-    EXPECT_EQ(of(document(), ""), refused("new.xml: the document is empty"));
-    EXPECT_EQ(of("", document()), refused("old.xml: the document is empty"));
-    EXPECT_EQ(of("", document(), {"--json"}), refused("old.xml: the document is empty"));
+    const std::string EMPTY = ".xml:1:1: the document is empty\nMake a configuration with 'ipsec-policy new'.";
+    EXPECT_EQ(of(document(), ""), refused("new" + EMPTY));
+    EXPECT_EQ(of("", document()), refused("old" + EMPTY));
+    EXPECT_EQ(of("", document(), {"--json"}), refused("old" + EMPTY));
 }
 
 TEST_F(Diff, OfAFileThatIsMissingIsTrouble)

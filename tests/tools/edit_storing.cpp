@@ -145,7 +145,8 @@ TEST_F(EditStoring, JsonOfAnEditThatFailsIsNone)
     EXPECT_EQ(edit({"add policy 1"}, {"--json"}), edit({"add policy 1"}));
     writeFile("p.xml", "x");
     EXPECT_EQ(edit({RENAME}, {"--json", "--dry-run"}),
-              refused("p.xml: line 1: parse_tag: expected '<', found (not shown)"));
+              refused("p.xml:1:1: parse_tag: expected '<', found (not shown)\n"
+                      "A document begins with <ipsec>: remove what stands before it."));
 }
 
 TEST_F(EditStoring, DryRunPrintsTheDifferenceAndStoresNothing)
@@ -195,7 +196,8 @@ TEST_F(EditStoring, RefusesADocumentThatDoesNotLoad)
 {
     writeFile("p.xml", "<ipsec></ipsec>");
     const Outcome outcome = edit({RENAME});
-    EXPECT_EQ(outcome, refused("p.xml: line 1: parse_simple_tag: missing tag; expected <hostGroups>\nfrom <ipsec>"));
+    EXPECT_EQ(outcome, refused("p.xml:1:8: parse_simple_tag: missing tag; expected <hostGroups>\n"
+                               "Write <hostGroups> before this tag: it cannot be left out.\nOpen elements: <ipsec>"));
     EXPECT_EQ(edit({RENAME}, {"--dry-run"}), outcome);
     EXPECT_EQ(contentOf("p.xml"), "<ipsec></ipsec>");
 }

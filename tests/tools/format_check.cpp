@@ -51,7 +51,8 @@ TEST_F(FormatCheck, GoesOnAfterFilesThatCannotBeReadOrDoNotLoad)
     EXPECT_EQ(run({"format", "--check", "none.xml", "bad.xml", "in.xml"}),
               (Outcome{2, "in.xml:1: would change from this line on\n",
                        "ipsec-policy: none.xml: No such file or directory\n"
-                       "ipsec-policy: bad.xml: line 1: parse_tag: expected '<', found (not shown)\n"}));
+                       "ipsec-policy: bad.xml:1:1: parse_tag: expected '<', found (not shown)\n"
+                       "A document begins with <ipsec>: remove what stands before it.\n"}));
     EXPECT_EQ(run({"format", "--check", "bad.xml", "written.xml"}).status, 1);
 }
 

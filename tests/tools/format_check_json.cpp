@@ -58,7 +58,13 @@ TEST_F(FormatCheckJson, TellsTheFirstDifferenceOrWhyThereIsNone)
     {
       "file": "bad.xml",
       "written": false,
-      "message": "bad.xml: line 12: parse_tag: expected '<', found (not shown)\nfrom <policies>\nfrom <ipsec>"
+      "message": "bad.xml:12:1: parse_tag: expected '<', found (not shown)\nOnly elements can stand here: remove this text.\nOpen elements: <ipsec> <policies>",
+      "line": 12,
+      "column": 1,
+      "elements": [
+        "ipsec",
+        "policies"
+      ]
     },
     {
       "file": "written.xml",

@@ -62,7 +62,8 @@ TEST_F(FormatInPlace, TakesSeveralFilesAndGoesOnAfterTrouble)
     EXPECT_EQ(run({"format", "--in-place", "in.xml", "-", "bad.xml", "other.xml"}, document()),
               (Outcome{2, "",
                        "ipsec-policy: standard input: it is not a file that could be replaced\n"
-                       "ipsec-policy: bad.xml: the document is empty\n"}));
+                       "ipsec-policy: bad.xml:1:1: the document is empty\n"
+                       "Make a configuration with 'ipsec-policy new'.\n"}));
     EXPECT_EQ(contentOf("in.xml"), written_);
     EXPECT_EQ(contentOf("other.xml"), written_);
     EXPECT_EQ(contentOf("bad.xml"), "");

@@ -60,6 +60,12 @@ void plainMessage(const Json& value, const std::string& where)
         require(message.substr(at + 1, 1) == message.substr(at, 1), where, value);
 }
 
+void nameOrNull(const Json& value, const std::string& where)
+{
+    if (!value.is_null())
+        text(value, where);
+}
+
 void truth(const Json& value, const std::string& where)
 {
     require(value.is_boolean(), where, value);
@@ -132,7 +138,8 @@ Shape sarifLog()
                                  {"ruleIndex", {number(0)}},
                                  {"level", {level}},
                                  {"message", {message, true}},
-                                 {"locations", {list(location)}}});
+                                 {"locations", {list(location)}},
+                                 {"properties", {object({{"elements", {list(nameOrNull)}}})}}});
     const Shape rule   = object({{"id", {text, true}},
                                  {"shortDescription", {message}},
                                  {"help", {message}},

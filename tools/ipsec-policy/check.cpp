@@ -231,9 +231,10 @@ const Command CHECK_COMMAND = {
     "for keys and for what could be one: text in place of a number, and where the\n"
     "document does not load, all but tags. JSON and SARIF hold no lines.\n\n"
     "JSON: an object with findings (a list of objects: file, line, column, endColumn,\n"
-    "level, code, path, message, reference), the counts errors, warnings, notes,\n"
-    "leftOut and files, and unread (a list of objects: file, message). What does not\n"
-    "apply to a finding is left out, such as the path where it is about the file.",
+    "level, code, path, message, elements, reference), the counts errors, warnings,\n"
+    "notes, leftOut and files, and unread (a list of objects: file, message). What\n"
+    "does not apply to a finding is left out, such as the path where it is about the\n"
+    "file; elements are those that are open where a document does not load.",
     "ipsec-policy check policy.xml\n"
     "ipsec-policy check --level=warning --sarif *.xml > result.sarif\n"
     "ipsec-policy check --explain does-not-load",

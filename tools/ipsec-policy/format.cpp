@@ -4,6 +4,7 @@
 #include "file_place.h"
 #include "files.h"
 #include "json.h"
+#include "load_json.h"
 #include "options.h"
 #include "position.h"
 #include "storability.h"
@@ -82,6 +83,9 @@ class CheckReport {
         const auto difference = std::mismatch(text.begin(), text.end(), written.begin(), written.end()).first;
         addChange(fileName, PositionCounter(text).at(static_cast<std::size_t>(difference - text.begin())));
         return ExitStatus::FINDINGS;
+    } catch (const LoadFailure& failure) {
+        addUnloadable(fileName, failure);
+        return failure.status;
     } catch (const Failure& failure) {
         addFailure(fileName, failure);
         return failure.status;
@@ -100,6 +104,15 @@ class CheckReport {
                           {"line", position.line},
                           {"column", position.column},
                           {"message", message}});
+    }
+
+    void addUnloadable(const std::string& fileName, const LoadFailure& failure)
+    {
+        addFailure(fileName, failure);
+        Json& file       = files_.back();
+        file["line"]     = failure.fault.position.line;
+        file["column"]   = failure.fault.position.column;
+        file["elements"] = elementsMember(failure.fault);
     }
 
     /// What is wrong with a document is a result too, and needs no message where it is told as one.
@@ -200,8 +213,9 @@ const Command FORMAT_COMMAND = {
     "--check exits with 1 if a file is not in the written form, and names the first\n"
     "line that would change. With --check and --in-place there may be several FILEs.\n"
     "With --check --json, an object with two lists: files (file, written; if that is\n"
-    "false, message, and if the file can be formatted, the line and the column that\n"
-    "would change first) and unread (file, message).\n\n"
+    "false, message, and the line and column that would change first, or where the\n"
+    "document does not load, with the elements that are open there) and unread\n"
+    "(file, message).\n\n"
     "OUT may be FILE, which is --in-place. A file is replaced in one step, or left\n"
     "as it was; one that would not change is not touched. Its mode, owner, group and\n"
     "attributes are kept, and symbolic links are followed; other hard links keep the\n"

@@ -105,7 +105,8 @@ void checkDocument(CheckedFile& file, const Algorithms* algorithms)
     try {
         file.config = std::make_unique<const ipsecimpl::IPsecConfig>(parseDocument(file.text));
     } catch (const LoadError& error) {
-        file.findings.push_back(loadFinding(file.text, error.fault));
+        file.fault = error.fault;
+        file.findings.push_back(loadFinding(error.fault));
         return;
     }
     // Neither knows of the other, and both together take longer than all else.

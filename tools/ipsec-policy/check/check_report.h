@@ -5,11 +5,13 @@
 /// How `check` tells what it found: for people, for scripts, and for the services that collect such results.
 
 #include "findings.h"
+#include "load_message.h"
 #include "standard_output.h"
 
 #include <array>
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -31,6 +33,9 @@ struct CheckedFile {
     std::unique_ptr<const ipsecimpl::IPsecConfig> config;
     std::unique_ptr<const Source>                 source;
     /// @}
+
+    /// Why not, if it does not load.
+    std::optional<LoadFault> fault;
 
     /// How many findings are not there because their level is too low.
     std::size_t leftOut = 0;

@@ -149,15 +149,21 @@ bool Lexer::skipLeaf(const StartTag& tag)
     return true;
 }
 
+bool Lexer::toNextTag(std::size_t limit)
+{
+    limit = std::min(limit, document_.size());
+    if (offset_ >= limit)
+        return false;
+    const std::size_t next = document_.substr(offset_, limit - offset_).find('<');
+    if (next == std::string_view::npos)
+        return false;
+    offset_ += next;
+    return true;
+}
+
 bool Lexer::nextStartTag(std::size_t limit, StartTag& tag)
 {
-    while (offset_ < limit) {
-        const std::size_t      size  = std::min(limit, document_.size()) - offset_;
-        const std::string_view ahead = document_.substr(offset_, size);
-        const std::size_t      next  = ahead.find('<');
-        if (next == std::string_view::npos)
-            return false;
-        offset_ += next;
+    while (toNextTag(limit)) {
         if (at(offset_ + 1) != '/') {
             tag = startTag();
             return true;

@@ -4,8 +4,8 @@
 /// \file
 /// The elements of a document that loads, where they stand.
 
-#include "load_message.h"
 #include "span.h"
+#include "white_space.h"
 
 #include <cstddef>
 #include <string_view>
@@ -67,6 +67,10 @@ class Lexer {
 
     /// Reads the rest of an element, whose start tag was read last, if it has no children; else nothing.
     bool skipLeaf(const StartTag& tag);
+
+    /// Goes to the next tag, inside or behind what was read last, but not into it. False if there is none before
+    /// `limit`.
+    bool toNextTag(std::size_t limit);
 
     /// Goes to the next start tag, inside or behind what was read last, and reads it. False if there is none before
     /// `limit`.

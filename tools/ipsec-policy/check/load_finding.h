@@ -4,11 +4,9 @@
 #include "findings.h"
 #include "load_message.h"
 
-#include <string_view>
-
 extern const Rule DOES_NOT_LOAD;
 
-/// The finding that `document` does not load because of `fault`.
-Finding loadFinding(std::string_view document, const LoadFault& fault);
+/// The finding that a document does not load because of `fault`.
+Finding loadFinding(const LoadFault& fault);
 
 #endif

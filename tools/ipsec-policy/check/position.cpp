@@ -48,3 +48,13 @@ Position PositionCounter::at(std::size_t offset)
     offset_ = offset;
     return position_;
 }
+
+Position positionIn(std::string_view document, std::size_t offset)
+{
+    return PositionCounter(document).at(offset);
+}
+
+std::string textOf(const Position& position)
+{
+    return std::to_string(position.line) + ':' + std::to_string(position.column);
+}

@@ -2,6 +2,7 @@
 #define IPSEC_POLICY_POSITION_H
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 /// A place in a document as people count: both from 1, a column is a character of UTF-8, be it a tab or a byte that is
@@ -30,5 +31,11 @@ class PositionCounter {
     std::size_t      offset_ = 0;
     Position         position_;
 };
+
+/// Of the character that begins at the byte `offset`.
+Position positionIn(std::string_view document, std::size_t offset);
+
+/// Such as "3:14".
+std::string textOf(const Position& position);
 
 #endif

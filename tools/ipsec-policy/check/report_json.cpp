@@ -1,5 +1,7 @@
 #include "check_report.h"
 #include "json_list.h"
+#include "load_finding.h"
+#include "load_json.h"
 #include "position.h"
 
 namespace {
@@ -44,6 +46,8 @@ void JsonReport::add(const CheckedFile& file)
         if (!finding.isAboutFile)
             member["path"] = textOf(finding.path);
         member["message"] = finding.message;
+        if (finding.rule == &DOES_NOT_LOAD)
+            member["elements"] = elementsMember(*file.fault);
         if (*finding.rule->reference != '\0')
             member["reference"] = finding.rule->reference;
         findings_.add(member);

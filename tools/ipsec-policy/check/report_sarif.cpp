@@ -2,6 +2,8 @@
 #include "failure.h"
 #include "files.h"
 #include "json_list.h"
+#include "load_finding.h"
+#include "load_json.h"
 #include "position.h"
 #include "rules.h"
 
@@ -129,11 +131,14 @@ void SarifReport::add(const CheckedFile& file)
         }
         if (!finding.isAboutFile)
             location["logicalLocations"] = Json::array({logicalMember(finding.path)});
-        results_.add({{"ruleId", finding.rule->code},
-                      {"ruleIndex", indexes_.at(finding.rule)},
-                      {"level", wordOf(finding.rule->level)},
-                      {"message", textMember(finding.message)},
-                      {"locations", Json::array({location})}});
+        Json result = {{"ruleId", finding.rule->code},
+                       {"ruleIndex", indexes_.at(finding.rule)},
+                       {"level", wordOf(finding.rule->level)},
+                       {"message", textMember(finding.message)},
+                       {"locations", Json::array({location})}};
+        if (finding.rule == &DOES_NOT_LOAD)
+            result["properties"] = {{"elements", elementsMember(*file.fault)}};
+        results_.add(result);
     }
 }
 

@@ -22,8 +22,7 @@ bool isLoss(const Finding& finding, std::string_view document)
 
 std::string placeOf(const Finding& finding, std::string_view document)
 {
-    const Position position = PositionCounter(document).at(finding.offset);
-    return std::to_string(position.line) + ':' + std::to_string(position.column) + ": " + textOf(finding.path);
+    return textOf(positionIn(document, finding.offset)) + ": " + textOf(finding.path);
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "document.h"
 
-#include "failure.h"
 #include "files.h"
 #include "huge_pages.h"
 #include "storability.h"
@@ -36,17 +35,22 @@ std::string written(IPsecConfig& config)
     return out.str();
 }
 
-Failure documentFailure(const std::string& fileName, const std::string& message)
+std::string shownFile(const std::string& fileName)
 {
-    const std::string shown = isStandardStream(fileName) ? "standard input" : printable(fileName);
-    return Failure(ExitStatus::FINDINGS, shown + ": " + message);
+    return isStandardStream(fileName) ? "standard input" : printable(fileName);
 }
 
 } // namespace
 
-LoadError::LoadError(LoadFault loadFault, std::string_view document)
-    : std::runtime_error(loadMessage(loadFault, document))
+LoadError::LoadError(LoadFault loadFault)
+    : std::runtime_error(loadMessage(loadFault))
     , fault(std::move(loadFault))
+{
+}
+
+LoadFailure::LoadFailure(const std::string& fileName, const LoadError& error)
+    : Failure(ExitStatus::FINDINGS, shownFile(fileName) + ':' + error.what())
+    , fault(error.fault)
 {
 }
 
@@ -60,7 +64,7 @@ IPsecConfig parseDocument(std::string_view text, const std::string& fileName)
     try {
         return parseDocument(text);
     } catch (const LoadError& error) {
-        throw documentFailure(fileName, error.what());
+        throw LoadFailure(fileName, error);
     }
 }
 
@@ -73,18 +77,19 @@ IPsecConfig parseDocument(std::string_view text)
         IPsecConfig       config = parse(in);
         const std::size_t next   = text.find_first_not_of(WHITE_SPACE, buffer.read());
         if (next != std::string::npos)
-            throw LoadError({"something follows </ipsec>", {}, true, next + 1}, text);
+            throw LoadError(loadFaultBehind(text, next));
         return config;
     } catch (const ParseError& error) {
-        throw LoadError(loadFault(error.what(), {text, buffer.read(), in.eof()}), text);
+        throw LoadError(loadFault(error.what(), {text, buffer.read(), in.eof()}));
     }
 }
 
 std::string storeDocument(IPsecConfig& config, const std::string& fileName)
 {
     const auto refuse = [&fileName](const std::string& why) {
-        throw documentFailure(fileName,
-                              "this configuration cannot be stored: once written it would not load as the same" + why);
+        throw Failure(ExitStatus::FINDINGS,
+                      shownFile(fileName) +
+                          ": this configuration cannot be stored: once written it would not load as the same" + why);
     };
     if (const std::string place = firstUnstorable(config); !place.empty())
         refuse("\n" + place);

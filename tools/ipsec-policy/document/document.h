@@ -1,6 +1,7 @@
 #ifndef IPSEC_POLICY_DOCUMENT_H
 #define IPSEC_POLICY_DOCUMENT_H
 
+#include "failure.h"
 #include "files.h"
 #include "load_message.h"
 
@@ -16,8 +17,8 @@ extern const char DOCUMENT_HELP[];
 
 /// The configuration in the file, or on standard input for "-", of at most `maxSize` bytes (see addMaxSize()).
 ///
-/// Throws a Failure for a file that cannot be read and for a document that does not load; its message is as
-/// loadMessage() tells. One document is expected: what follows it is a Failure too, or it would get lost unnoticed.
+/// Throws a Failure for a file that cannot be read, and a LoadFailure for a document that does not load. One document
+/// is expected: what follows it is a LoadFailure too, or it would get lost unnoticed.
 ipsecimpl::IPsecConfig loadDocument(const std::string& fileName, std::size_t maxSize = USUAL_MAX_SIZE);
 
 /// The configuration in a text that was read from `fileName`, with the same failures but those of reading.
@@ -26,7 +27,15 @@ ipsecimpl::IPsecConfig parseDocument(std::string_view text, const std::string& f
 /// A document does not load. what() is loadMessage().
 class LoadError : public std::runtime_error {
   public:
-    LoadError(LoadFault loadFault, std::string_view document);
+    explicit LoadError(LoadFault loadFault);
+
+    LoadFault fault;
+};
+
+/// The same as a Failure (FINDINGS), whose message begins with the file's name.
+class LoadFailure : public Failure {
+  public:
+    LoadFailure(const std::string& fileName, const LoadError& error);
 
     LoadFault fault;
 };

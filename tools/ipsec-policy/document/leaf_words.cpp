@@ -1,7 +1,11 @@
 #include "leaf_words.h"
 
+#include "enum_text.h"
+
 #include <algorithm>
 #include <iterator>
+
+using namespace ipsecimpl;
 
 namespace {
 
@@ -18,6 +22,22 @@ const std::string_view OTHER_NUMBERS[] = {
     "type",          "state",         "keyLifetime",     "encryption",
     "hash",          "inboundESPSPI", "outboundESPSPI",  "inboundAHSPI",
     "outboundAHSPI", "hostGroupID",   "protocolGroupID", "actionID",
+};
+
+const struct {
+    std::string_view tag;
+    std::vector<std::string> (*words)();
+} ENUMERATIONS[] = {
+    {"family", wordsOf<AddressFamily>},
+    {"selectorType", wordsOf<AddressType>},
+    {"direction", wordsOf<Direction>},
+    {"spdAction", wordsOf<SPDAction>},
+    {"keyMgr", wordsOf<IPsecKeyMgr>},
+    {"authType", wordsOf<IKEAuthType>},
+    {"dhGroup", wordsOf<DHGroup>},
+    {"keyLifetimeUnits", wordsOf<KeyLifetimeUnits>},
+    {"transform", wordsOf<IKEPhase1Transform>},
+    {"protocol", wordsOf<IPsecProtocol>}, // of an SA proposal: elsewhere it is a number, which is never refused
 };
 
 template <std::size_t N>
@@ -42,4 +62,12 @@ bool isNumberTag(std::string_view tag)
 bool isDecimalTag(std::string_view tag)
 {
     return isIn(DECIMAL_NUMBERS, tag);
+}
+
+std::vector<std::string> wordsIn(std::string_view tag)
+{
+    for (const auto& enumeration : ENUMERATIONS)
+        if (tag == enumeration.tag)
+            return enumeration.words();
+    return {};
 }

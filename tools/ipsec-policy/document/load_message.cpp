@@ -1,9 +1,11 @@
 #include "load_message.h"
 
+#include "load_advice.h"
 #include "text.h"
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace {
 
@@ -37,6 +39,12 @@ bool startsWith(std::string_view text, std::string_view start)
 bool endsWith(std::string_view text, std::string_view end)
 {
     return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+}
+
+/// The name of an element as it can be shown.
+std::string shownName(std::string_view name)
+{
+    return std::string(isWordOfFormat(name) ? name : "");
 }
 
 std::string shownTag(std::string_view name)
@@ -87,20 +95,21 @@ std::string shownText(std::string_view text)
     return printable(result);
 }
 
-/// Takes the context from the end of a message, and returns it as it can be shown.
+/// Takes the context from the end of a message, and returns its names, the outermost first.
 std::vector<std::string> takeContext(std::string_view& message)
 {
     const std::string_view FROM = "\nfrom <";
 
-    std::vector<std::string> tags;
+    std::vector<std::string> names;
     for (;;) {
         const std::size_t start = std::min(message.rfind('\n'), message.size());
         if (!startsWith(message.substr(start), FROM) || !endsWith(message, ">"))
-            return tags;
+            break;
         const std::string_view name = message.substr(start + FROM.size());
-        tags.push_back(shownTag(name.substr(0, name.size() - 1)));
+        names.push_back(shownName(name.substr(0, name.size() - 1)));
         message.remove_suffix(message.size() - start);
     }
+    return names;
 }
 
 /// Whether the last that was read is the start of a comment or the like.
@@ -111,16 +120,44 @@ bool atDeclaration(const Place& place)
            (place.document[start + 1] == '!' || place.document[start + 1] == '?');
 }
 
-bool hasByteOrderMark(std::string_view document)
+/// How long the byte order mark is with which the document begins.
+std::size_t byteOrderMarkLength(std::string_view document)
 {
-    return startsWith(document, "\xef\xbb\xbf") || startsWith(document, "\xff\xfe") || startsWith(document, "\xfe\xff");
+    if (startsWith(document, "\xef\xbb\xbf"))
+        return 3;
+    return startsWith(document, "\xff\xfe") || startsWith(document, "\xfe\xff") ? 2 : 0;
 }
 
-/// Such as "line 7", counted from 1, for what comes after the first `read` bytes.
-std::string lineAfter(std::string_view document, std::size_t read)
+LoadFault faultAt(Span piece, std::string_view document, std::string message, std::string advice)
 {
-    const std::string_view before = document.substr(0, read);
-    return "line " + std::to_string(1 + std::count(before.begin(), before.end(), '\n'));
+    return {std::move(message), std::move(advice), {}, piece, positionIn(document, piece.offset)};
+}
+
+std::vector<std::string> namesOf(const std::vector<OpenElement>& elements)
+{
+    std::vector<std::string> names;
+    for (const OpenElement& element : elements)
+        names.push_back(shownName(element.name));
+    return names;
+}
+
+/// What is said of a document with a NUL character: a message ends at the first.
+LoadFault faultOfNul(const Place& place, std::size_t nul)
+{
+    const Span piece   = faultyPiece(place, tagsBefore(place.document, place.read), "");
+    LoadFault  fault   = faultAt(piece, place.document,
+                                 "the document does not load; why cannot be told, because it holds a NUL character",
+                                 "Remove it: the first one is at " + textOf(positionIn(place.document, nul)) + ".");
+    fault.openElements = namesOf(tagsBefore(place.document, piece.offset).open);
+    return fault;
+}
+
+/// What is said of a document that ends too early.
+std::string withoutEnd(std::string_view text)
+{
+    if (endsWith(text, ", found '\xff'") || endsWith(text, ", got '\xff'"))
+        text = text.substr(0, text.rfind(','));
+    return shownText(text) + " (the document ends here)";
 }
 
 } // namespace
@@ -130,42 +167,52 @@ bool isWordOfFormat(std::string_view name)
     return std::find(std::begin(WORDS), std::end(WORDS), name) != std::end(WORDS);
 }
 
-LoadFault loadFault(const std::string& parserMessage, const Place& place)
+LoadFault loadFault(const std::string& parserMessage, const Place& whole)
 {
-    const std::size_t contentEnd = place.document.find_last_not_of(WHITE_SPACE) + 1;
+    const std::size_t contentEnd = whole.document.find_last_not_of(WHITE_SPACE) + 1;
     if (contentEnd == 0)
-        return {"the document is empty", {}, false};
-    if (hasByteOrderMark(place.document))
-        return {"the document begins with a byte order mark, which this format does not have", {}, false};
+        return faultAt({}, whole.document, "the document is empty", "Make a configuration with 'ipsec-policy new'.");
+    if (const std::size_t length = byteOrderMarkLength(whole.document); length > 0)
+        return faultAt({0, length}, whole.document,
+                       "the document begins with a byte order mark, which this format does not have",
+                       "Store it as UTF-8 without one.");
+    const Place place = {whole.document, std::min(whole.read, contentEnd), whole.atEnd};
+    if (const std::size_t nul = place.document.substr(0, place.read).find('\0'); nul != std::string_view::npos)
+        return faultOfNul(place, nul);
 
-    LoadFault fault;
-    fault.read    = std::min(place.read, contentEnd);
-    fault.isAtEnd = place.atEnd;
-    if (place.document.substr(0, place.read).find('\0') != std::string_view::npos) {
-        fault.message = "the document does not load; why cannot be told, because it holds a NUL character";
-        return fault;
-    }
+    std::string_view         text     = parserMessage;
+    std::vector<std::string> elements = takeContext(text);
+    std::string              message  = place.atEnd ? withoutEnd(text) : shownText(text);
+    const LoadTrouble        trouble  = troubleAt(place, message);
 
-    std::string_view text = parserMessage;
-    fault.openElements    = takeContext(text);
-    std::string hint;
-    if (place.atEnd) {
-        hint = " (the document ends here)";
-        if (endsWith(text, ", found '\xff'") || endsWith(text, ", got '\xff'"))
-            text = text.substr(0, text.rfind(','));
-    } else if (atDeclaration(place)) {
-        hint = " (this format has no XML declaration, comments, DOCTYPE or CDATA)";
-    }
-    fault.message = shownText(text) + hint;
+    LoadFault fault = faultAt(trouble.piece, place.document, message, loadAdvice(trouble));
+    if (!place.atEnd && atDeclaration(place))
+        fault.message += " (this format has no XML declaration, comments, DOCTYPE or CDATA)";
+    if (elements.empty())
+        elements = namesOf(trouble.before.open);
+    else if (message.find(": wrong tag; ") != std::string::npos)
+        elements.pop_back(); // it has only been read
+    fault.openElements = std::move(elements);
     return fault;
 }
 
-std::string loadMessage(const LoadFault& fault, std::string_view document)
+LoadFault loadFaultBehind(std::string_view document, std::size_t offset)
 {
-    if (!fault.hasPlace)
-        return fault.message;
-    std::string text = lineAfter(document, fault.read) + ": " + fault.message;
-    for (auto element = fault.openElements.rbegin(); element != fault.openElements.rend(); ++element)
-        text += "\nfrom " + *element;
+    return faultAt({offset, 1}, document, "something follows </ipsec>", "Remove it: a file holds one configuration.");
+}
+
+std::string shownElements(const LoadFault& fault)
+{
+    std::string text;
+    for (const std::string& name : fault.openElements)
+        text += (text.empty() ? "" : " ") + shownTag(name);
+    return text;
+}
+
+std::string loadMessage(const LoadFault& fault)
+{
+    std::string text = textOf(fault.position) + ": " + fault.message + '\n' + fault.advice;
+    if (!fault.openElements.empty())
+        text += "\nOpen elements: " + shownElements(fault);
     return text;
 }

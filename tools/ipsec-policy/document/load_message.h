@@ -5,36 +5,27 @@
 /// What is said about a document that does not load. All of it is fit for a terminal, and for eyes that must not see
 /// the document's keys.
 
+#include "load_place.h"
+#include "position.h"
+#include "span.h"
+#include "white_space.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
-/// What the parser skips between elements.
-inline constexpr char WHITE_SPACE[] = " \t\n\v\f\r";
-
-constexpr bool isWhiteSpace(char c)
-{
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
-/// Where a parser gave up.
-struct Place {
-    std::string_view document;
-    std::size_t      read;  ///< that many bytes of the document are read
-    bool             atEnd; ///< and there were too few
-};
-
 /// Why a document does not load. All texts are fit for a terminal.
 struct LoadFault {
-    std::string message; ///< what is wrong
+    std::string message; ///< what is wrong, without a full stop
+    std::string advice;  ///< what to do, in sentences
 
-    /// The elements that are open where it is, such as "<ipsec>", the outermost first.
+    /// The names of the elements that are open where it is, the outermost first; empty for a name that is not of the
+    /// format.
     std::vector<std::string> openElements;
 
-    bool        hasPlace = true;  ///< else the document as a whole is meant
-    std::size_t read     = 0;     ///< the parser gave up after so many bytes
-    bool        isAtEnd  = false; ///< because there were no more
+    Span     place;    ///< what the reader could not take; its end where there is too little
+    Position position; ///< of that
 };
 
 /// What a parser's message says, with a hint where the document has what this format has not.
@@ -43,8 +34,14 @@ struct LoadFault {
 /// document nothing is shown but words of the format itself.
 LoadFault loadFault(const std::string& parserMessage, const Place& place);
 
-/// The fault in one text: the line, what is wrong, and a line "from <tag>" for each open element, the innermost first.
-std::string loadMessage(const LoadFault& fault, std::string_view document);
+/// The fault that something stands behind the end of the configuration, at `offset`.
+LoadFault loadFaultBehind(std::string_view document, std::size_t offset);
+
+/// Such as "<ipsec> <actions>", empty if none is open.
+std::string shownElements(const LoadFault& fault);
+
+/// The fault in one text: line and column, what is wrong; and lines with what to do, and with the open elements.
+std::string loadMessage(const LoadFault& fault);
 
 /// Whether `name` is a word of the format, which anybody may see.
 bool isWordOfFormat(std::string_view name);

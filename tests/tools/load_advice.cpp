@@ -1,0 +1,189 @@
+// What is said to do about documents that do not load.
+
+#include "document.h"
+#include "program.h"
+
+#include <ostream>
+#include <string>
+
+namespace {
+
+struct Advised {
+    std::string document;
+    std::string message;
+    std::string advice;
+};
+
+std::ostream& operator<<(std::ostream& out, const Advised& advised)
+{
+    return out << advised.message;
+}
+
+class LoadAdvice : public testing::TestWithParam<Advised> {};
+
+TEST_P(LoadAdvice, SaysWhatToDo)
+{
+    try {
+        parseDocument(GetParam().document);
+        ADD_FAILURE() << "the document loads";
+    } catch (const LoadError& error) {
+        EXPECT_EQ(error.fault.message, GetParam().message);
+        EXPECT_EQ(error.fault.advice, GetParam().advice);
+    }
+}
+
+std::string inAction(const std::string& mode)
+{
+    return document("", "", entry("action", 1, action("a", "", mode)));
+}
+
+std::string inProposal(const std::string& elements)
+{
+    return inAction("<spdAction>TRANSPORT</spdAction><keyMgr>IKE</keyMgr><ikePhase1><authType>RSA</authType>"
+                    "<localCert>c</localCert><peerTrust>t</peerTrust><proposal>" +
+                    elements);
+}
+
+std::string inHosts(const std::string& elements)
+{
+    return document(
+        entry("hostGroup", 1, group("hostGroup", "n", "", "<hostSelector>" + elements + "</hostSelector>")));
+}
+
+std::string inProtocols(const std::string& elements)
+{
+    return document("",
+                    entry("protocolGroup", 1,
+                          group("protocolGroup", "n", "", "<protocolSelector>" + elements + "</protocolSelector>")));
+}
+
+const char NO_END_TAG[] = "parse_end_tag: expected '/', got (not shown)";
+const char TO_INT[]     = "bad value: to_int";
+
+// clang-format off
+const Advised WORDS[] = {
+    {inAction("<spdAction>ENCRYPT</spdAction>"), "bad value (not shown) for <spdAction> in <action>",
+     "Write one of these in <spdAction>: NONE, BYPASS, DISCARD, TRANSPORT, TUNNEL."},
+    {inAction("<spdAction/>"), "bad value (not shown) for <spdAction> in <action>",
+     "Write one of these in <spdAction>: NONE, BYPASS, DISCARD, TRANSPORT, TUNNEL."},
+    {inAction("<spdAction>TRANSPORT</spdAction><keyMgr value='IKEv2'/>"),
+     "bad value (not shown) for <keyMgr> in <action>", "Write one of these in <keyMgr>: NONE, MKM, IKE."},
+    {inProposal("<dhGroup>G5</dhGroup>"), "invalid value (not shown) for <dhGroup> in <ikePhase1Proposal>",
+     "Write one of these in <dhGroup>: NONE, G1, G2, G14."},
+    {inProposal("<dhGroup>G2</dhGroup><keyLifetime>1</keyLifetime><keyLifetimeUnits>DAYS</keyLifetimeUnits>"),
+     "invalid value (not shown) for <keyLifetimeUnits> in <ikePhase1Proposal>",
+     "Write one of these in <keyLifetimeUnits>: SECS, KB, MINS, HRS."},
+    {inProposal("<dhGroup>G2</dhGroup><keyLifetime>1</keyLifetime><keyLifetimeUnits>HRS</keyLifetimeUnits>"
+                "<transform>AES</transform>"),
+     "invalid value (not shown) for <transform> in <ikePhase1Proposal>",
+     "Write one of these in <transform>: IKE_NONE, IKE_AES_SHA, IKE_AES_MD5, IKE_3DES_SHA, IKE_3DES_MD5, IKE_DES_SHA, "
+     "IKE_DES_MD5."},
+    {inAction("<spdAction>TRANSPORT</spdAction><keyMgr>MKM</keyMgr><manualKey><saProposal><protocol>50</protocol>"),
+     "invalid value (not shown) for <protocol> in <saProposal>",
+     "Write one of these in <protocol>: NONE, AH, ESP, ESP+AH."},
+    {inHosts("<family>4</family>"), TO_INT, "Write one of these in <family>: AF_INET, AF_INET6, AF_ANY."},
+    {inHosts("<family>AF_INET</family><selectorType>HOST</selectorType>"), TO_INT,
+     "Write one of these in <selectorType>: NONE, SINGLE, RANGE, SUBNET_LENGTH, SUBNET_MASK, LOCAL, ANY, MCAST."},
+    {inProtocols("<protocol>6</protocol><direction>BOTH</direction>"), TO_INT,
+     "Write one of these in <direction>: IN, OUT, INOUT."},
+};
+
+const Advised ELEMENTS_OF_ANOTHER_CASE[] = {
+    {inAction("<spdAction>TRANSPORT</spdAction><keyMgr>NONE</keyMgr><ikePhase1>"), NO_END_TAG,
+     "An <action> with keyMgr NONE has no <ikePhase1>: remove it, or set keyMgr to IKE."},
+    {inAction("<spdAction>TRANSPORT</spdAction><keyMgr>NONE</keyMgr><manualKey>"), NO_END_TAG,
+     "An <action> with keyMgr NONE has no <manualKey>: remove it, or set keyMgr to MKM."},
+    {inAction("<spdAction>TRANSPORT</spdAction><keyMgr>MKM</keyMgr><ikePhase1>"),
+     "parse_simple_tag: wrong tag; expected <manualKey>, found <ikePhase1>",
+     "An <action> with keyMgr MKM has no <ikePhase1>: remove it, or set keyMgr to IKE."},
+    {inAction("<spdAction>TRANSPORT</spdAction><keyMgr>IKE</keyMgr><ikePhase2>"),
+     "parse_simple_tag: wrong tag; expected <ikePhase1>, found <ikePhase2>",
+     "Write <ikePhase1> before this tag, or instead: the order is fixed."},
+    {inAction("<spdAction>BYPASS</spdAction><ikePhase1>"), NO_END_TAG,
+     "An <action> with spdAction BYPASS has no <ikePhase1>: remove it, or set spdAction to TRANSPORT or TUNNEL."},
+    {inAction("<spdAction>TRANSPORT</spdAction><tunnelEndpoint>"),
+     "parse_tagged_value: wrong tag; expected <keyMgr>, found <tunnelEndpoint>",
+     "An <action> with spdAction TRANSPORT has no <tunnelEndpoint>: remove it, or set spdAction to TUNNEL."},
+    {inAction("<spdAction>TUNNEL</spdAction><keyMgr>"),
+     "parse_tagged_value: wrong tag; expected <tunnelEndpoint>, found <keyMgr>",
+     "Write <tunnelEndpoint> before this tag, or instead: the order is fixed."},
+    {inAction("<spdAction>TRANSPORT</spdAction><keyMgr>NONE</keyMgr><keyMgr>"), NO_END_TAG,
+     "There is a <keyMgr> before this one: remove one of them."},
+    {inAction("<spdAction>TRANSPORT</spdAction><keyMgr>NONE</keyMgr><spdAction>"), NO_END_TAG,
+     "Only </action> can stand here: remove this element."},
+    {inHosts("<family>AF_INET</family><selectorType>SINGLE</selectorType><addr1>a</addr1><addr2>b</addr2>"), NO_END_TAG,
+     "A <hostSelector> with selectorType SINGLE has no <addr2>: remove it, or set selectorType to RANGE."},
+    {inHosts("<family>AF_INET</family><selectorType>ANY</selectorType><addr1>a</addr1>"), NO_END_TAG,
+     "A <hostSelector> with selectorType ANY has no <addr1>: remove it, or set selectorType to SINGLE, RANGE, "
+     "SUBNET_LENGTH or SUBNET_MASK."},
+    {inAction("<spdAction>TRANSPORT</spdAction><keyMgr>IKE</keyMgr><ikePhase1><authType>RSA</authType><presharedKey>"),
+     "parse_tagged_value: wrong tag; expected <localCert>, found <presharedKey>",
+     "An <ikePhase1> with authType RSA has no <presharedKey>: remove it, or set authType to PSK."},
+};
+
+const Advised ENTRIES[] = {
+    {document("", "", "", entry("policy", 1, policy(1, 1, 1)) + "\n" + entry("policy", 2, policy(1, 1, 1)) + "\n" +
+                              entry("policy", 3, policy(1, 1, 1)) + "\n" + entry("policy", 2, policy(1, 1, 1))),
+     "duplicate ID", "The first entry with it has it at 2:14. Write an ID that no other has."},
+    {document("", "",
+              "<nextaction>9</nextaction>\n" + entry("action", 7, action("a", "", "<spdAction>NONE</spdAction>")) +
+                  "<actionEntry><id value=' 07'/>" + action("b", "", "<spdAction>NONE</spdAction>") + "</actionEntry>"),
+     "duplicate ID", "The first entry with it has it at 2:14. Write an ID that no other has."},
+    {document("<hostGroupEntry><id>0</id>"), "invalid ID for hostGroup", "Write a whole number from 1 to 2147483647."},
+    {document("<nexthostGroup>-1</nexthostGroup>"), "invalid value for nexthostGroup",
+     "Write a whole number from 1 to 2147483647."},
+    {document("<nexthostGroup></nexthostGroup>"), "nexthostGroup missing required data",
+     "It cannot be empty: write what belongs in it."},
+    {document("", "", "", "<actionEntry>"), "unknown tag: actionEntry",
+     "Only <policyEntry> and <nextpolicy> can stand in <policies>."},
+};
+
+const Advised TAGS[] = {
+    {"<ipsec>\n< hostGroups>", "parse_tag: unnamed tag", "Write the name of the element right behind '<'."},
+    {"<ipsec><hostGroups x>", "parse_tag_end: invalid attribute or missing '>'",
+     "End the tag with '>'. The only attribute is value, of elements that hold a text."},
+    {document("<hostGroupEntry><id value=1/>\n"), "parse_value: unterminated attribute value",
+     "Put the attribute's value in quotes."},
+    {document("<hostGroupEntry><id number='1'/>\n"),
+     "parse_tagged_value: invalid attribute; found (not shown)",
+     "The only attribute is value. Write that, or the text between a start tag and an end tag."},
+    {"<ipsec><hostGroups></>\n", "parse_end_tag: missing tag name", "Write </hostGroups> here, without white space."},
+    {"<ipsec><hostGroups></hostGroups >\n", "parse_end_tag: malformed end tag",
+     "Write </hostGroups> here, without white space."},
+    {"<ipsec><hostGroups></ipsec>\n", "parse_end_tag: begin/end tags don't match",
+     "Write </hostGroups> before this tag."},
+    {"<ipsec><hostGroups></hostGroup>\n", "parse_end_tag: begin/end tags don't match",
+     "Write </hostGroups> instead of this tag."},
+    {"<policy>\n", "parse_simple_tag: wrong tag; expected <ipsec>, found <policy>", "A document begins with <ipsec>."},
+};
+
+const Advised SELECTORS[] = {
+    {inHosts("<family>AF_ANY</family><selectorType>SUBNET_LENGTH</selectorType><addr1>a</addr1><length>8</length>"),
+     "bad value in <hostSelector>", "A <length> needs the <family> AF_INET or AF_INET6."},
+    {inHosts("<family>AF_INET</family><selectorType>SUBNET_MASK</selectorType><addr1>a</addr1><mask>8</mask>"),
+     "bad value in <hostSelector>",
+     "Write a mask such as 255.255.255.0 with <family> AF_INET, or ffff:: with AF_INET6."},
+    {inProtocols("<protocol/>"), "invalid attributes or closing tag in <protocol>",
+     "Write a start tag without attributes, the text, and an end tag."},
+    {inProtocols("<protocol></protocol>"), "missing data for <protocol>",
+     "Write a text in it. <name>, <dstPort> and <srcPort> can be left out."},
+    {inProtocols("<port>1</port>"), "unknown attribute: (not shown)",
+     "A <protocolSelector> has <protocol>, <name>, <dstPort>, <srcPort>, <direction> and <mirrored>."},
+    {inProtocols("<protocol>1</protocol><protocol>2</protocol>"), "attribute 'protocol' can only appear once",
+     "Remove one of the two."},
+    {inProtocols("<mirrored>YES</mirrored>"), "required attribute 'mirrored' must be MIRRORED or NOTMIRRORED",
+     "Write MIRRORED or NOTMIRRORED."},
+    {inProtocols("<protocol>1</protocol>"), "attribute 'direction' is required", "Write <direction> before this tag."},
+    {inProtocols("<protocol>0</protocol><dstPort>80</dstPort>"),
+     "nonzero 'srcPort'/'dstProt' requires nonzero 'protocol'",
+     "Write the number of the <protocol> that has these ports, or remove them."},
+};
+// clang-format on
+
+INSTANTIATE_TEST_SUITE_P(Words, LoadAdvice, testing::ValuesIn(WORDS));
+INSTANTIATE_TEST_SUITE_P(ElementsOfAnotherCase, LoadAdvice, testing::ValuesIn(ELEMENTS_OF_ANOTHER_CASE));
+INSTANTIATE_TEST_SUITE_P(Entries, LoadAdvice, testing::ValuesIn(ENTRIES));
+INSTANTIATE_TEST_SUITE_P(Tags, LoadAdvice, testing::ValuesIn(TAGS));
+INSTANTIATE_TEST_SUITE_P(Selectors, LoadAdvice, testing::ValuesIn(SELECTORS));
+
+} // namespace

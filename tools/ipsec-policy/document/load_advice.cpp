@@ -1,0 +1,220 @@
+#include "load_advice.h"
+
+#include "leaf_words.h"
+#include "lexer.h"
+#include "load_message.h"
+#include "misplaced.h"
+#include "number_text.h"
+#include "position.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+namespace {
+
+/// The end tag of the innermost open element, as it can be shown.
+std::string innermostEnd(const LoadTrouble& trouble)
+{
+    if (trouble.before.open.empty() || !isWordOfFormat(trouble.before.open.back().name))
+        return "the end tag of the innermost open element";
+    return "</" + std::string(trouble.before.open.back().name) + '>';
+}
+
+/// The tag that the message names behind "expected ".
+std::string expectedTag(std::string_view message)
+{
+    const std::size_t begin = message.find("expected <") + std::string_view("expected ").size();
+    return std::string(message.substr(begin, message.find('>', begin) + 1 - begin));
+}
+
+std::string adviseText(const LoadTrouble& trouble)
+{
+    return trouble.before.open.empty() ? "A document begins with <ipsec>: remove what stands before it."
+                                       : "Only elements can stand here: remove this text.";
+}
+
+std::string adviseUnnamed(const LoadTrouble& trouble)
+{
+    const std::string_view next = trouble.document.substr(trouble.piece.offset + 1, 1);
+    return next == "!" || next == "?" ? "Remove it." : "Write the name of the element right behind '<'.";
+}
+
+std::string adviseOnlyEndTag(const LoadTrouble& trouble)
+{
+    return "Only " + innermostEnd(trouble) + " can stand here: remove this text.";
+}
+
+std::string adviseMisplaced(const LoadTrouble& trouble)
+{
+    const std::string_view found = tagNameAt(trouble.document, trouble.piece.offset);
+    if (!trouble.before.open.empty())
+        if (std::string advice = misplacedAdvice(trouble.document, trouble.before.open.back(), trouble.piece.offset);
+            !advice.empty())
+            return advice;
+    const bool isText = !trouble.before.open.empty() && !trouble.before.open.back().hasChildren;
+    return "Only " + innermostEnd(trouble) + " can stand here: " +
+           (isText          ? "a text has no '<' in it."
+            : found.empty() ? "remove this."
+                            : "remove this element.");
+}
+
+std::string adviseEndTag(const LoadTrouble& trouble)
+{
+    return "Write " + innermostEnd(trouble) + " here, without white space.";
+}
+
+std::string adviseEndTagMismatch(const LoadTrouble& trouble)
+{
+    const std::string_view found = tagNameAt(trouble.document, trouble.piece.offset);
+    const auto&            open  = trouble.before.open;
+    const bool             isOpen =
+        std::any_of(open.begin(), open.end(), [found](const OpenElement& element) { return element.name == found; });
+    return "Write " + innermostEnd(trouble) + (isOpen ? " before this tag." : " instead of this tag.");
+}
+
+std::string adviseMissing(const LoadTrouble& trouble)
+{
+    return "Write " + expectedTag(trouble.message) + " before this tag: it cannot be left out.";
+}
+
+std::string adviseWrongTag(const LoadTrouble& trouble)
+{
+    if (!trouble.before.open.empty())
+        if (std::string advice = misplacedAdvice(trouble.document, trouble.before.open.back(), trouble.piece.offset);
+            !advice.empty())
+            return advice;
+    if (trouble.before.open.empty())
+        return "A document begins with <ipsec>.";
+    return "Write " + expectedTag(trouble.message) + " before this tag, or instead: the order is fixed.";
+}
+
+/// Where the first entry has the ID of the last one that was read; npos if that cannot be told.
+std::size_t firstWithID(const LoadTrouble& trouble)
+{
+    const auto& open = trouble.before.open;
+    if (open.size() < 2)
+        return std::string_view::npos;
+    const OpenElement& entry      = open.back();
+    const OpenElement& collection = open[open.size() - 2];
+    try {
+        const unsigned int id = readID(Lexer(trouble.document, trouble.piece.offset).leaf().text.in(trouble.document));
+        Lexer              lexer(trouble.document, collection.tag.end());
+        while (lexer.skipSpace() < entry.tag.offset) {
+            const StartTag tag = lexer.startTag();
+            if (tag.name == entry.name) {
+                const Leaf other = lexer.leaf();
+                if (readID(other.text.in(trouble.document)) == id)
+                    return other.tag.offset;
+            }
+            lexer.skipRest(tag);
+        }
+    } catch (const std::logic_error&) { // nothing that loaded so far is like that
+    }
+    return std::string_view::npos;
+}
+
+std::string adviseOtherID(const LoadTrouble& trouble)
+{
+    const std::size_t first = firstWithID(trouble);
+    const std::string where = first == std::string_view::npos
+                                  ? "An entry before this one has it"
+                                  : "The first entry with it has it at " + textOf(positionIn(trouble.document, first));
+    return where + ". Write an ID that no other has.";
+}
+
+std::string adviseCollection(const LoadTrouble& trouble)
+{
+    if (trouble.before.open.empty() || !isWordOfFormat(trouble.before.open.back().name))
+        return "Remove this element.";
+    const std::string plural(trouble.before.open.back().name);
+    const std::string singular = plural == "policies" ? "policy" : plural.substr(0, plural.size() - 1);
+    return "Only <" + singular + "Entry> and <next" + singular + "> can stand in <" + plural + ">.";
+}
+
+std::string adviseHostSelector(const LoadTrouble& trouble)
+{
+    return trouble.read.lastName == "mask"
+               ? "Write a mask such as 255.255.255.0 with <family> AF_INET, or ffff:: with AF_INET6."
+               : "A <length> needs the <family> AF_INET or AF_INET6.";
+}
+
+std::string adviseWord(const LoadTrouble& trouble)
+{
+    const std::vector<std::string> words = wordsIn(trouble.read.lastName);
+    if (words.empty())
+        return "Write one of the words that the format has for it.";
+    std::string advice = "Write one of these in <" + std::string(trouble.read.lastName) + ">:";
+    for (const std::string& word : words)
+        advice += (&word == &words.front() ? " " : ", ") + word;
+    return advice + '.';
+}
+
+std::string adviseRequired(const LoadTrouble& trouble)
+{
+    const std::size_t begin = trouble.message.find('\'') + 1;
+    return "Write <" + std::string(trouble.message.substr(begin, trouble.message.find('\'', begin) - begin)) +
+           "> before this tag.";
+}
+
+struct Advice {
+    std::string_view piece; ///< of the message
+    std::string_view text;  ///< the advice; empty if it depends on the place
+    std::string (*make)(const LoadTrouble& trouble) = nullptr;
+};
+
+// The first whose piece is in a message is the one for it.
+// clang-format off
+const Advice ADVICES[] = {
+    {"parse_tag: expected '<'", "", adviseText},
+    {"parse_tag: unnamed tag", "", adviseUnnamed},
+    {"parse_value: ", "Put the attribute's value in quotes."},
+    {"parse_tag_end: ", "End the tag with '>'. The only attribute is value, of elements that hold a text."},
+    {"parse_end_tag: expected '<'", "", adviseOnlyEndTag},
+    {"parse_end_tag: expected '/'", "", adviseMisplaced},
+    {"parse_end_tag: missing tag name", "", adviseEndTag},
+    {"parse_end_tag: malformed end tag", "", adviseEndTag},
+    {"parse_end_tag: begin/end tags don't match", "", adviseEndTagMismatch},
+    {": missing tag; expected <", "", adviseMissing},
+    {": wrong tag; expected <", "", adviseWrongTag},
+    {": invalid attribute; found ",
+     "The only attribute is value. Write that, or the text between a start tag and an end tag."},
+    {"duplicate ID", "", adviseOtherID},
+    {"unknown tag: ", "", adviseCollection},
+    {" missing required data", "It cannot be empty: write what belongs in it."},
+    {"invalid ID for ", "Write a whole number from 1 to 2147483647."},
+    {"invalid value for next", "Write a whole number from 1 to 2147483647."},
+    {"bad value in <hostSelector>", "", adviseHostSelector},
+    {"bad value", "", adviseWord},
+    {"invalid value", "", adviseWord},
+    {"invalid attributes or closing tag in <", "Write a start tag without attributes, the text, and an end tag."},
+    {"missing data for <", "Write a text in it. <name>, <dstPort> and <srcPort> can be left out."},
+    {"unknown attribute: ",
+     "A <protocolSelector> has <protocol>, <name>, <dstPort>, <srcPort>, <direction> and <mirrored>."},
+    {" can only appear once", "Remove one of the two."},
+    {"required attribute 'mirrored' must be ", "Write MIRRORED or NOTMIRRORED."},
+    {" is required", "", adviseRequired},
+    {"nonzero 'srcPort'/'dstProt' requires ",
+     "Write the number of the <protocol> that has these ports, or remove them."},
+};
+// clang-format on
+
+} // namespace
+
+LoadTrouble troubleAt(const Place& place, std::string_view message)
+{
+    TagsBefore read   = tagsBefore(place.document, place.read);
+    const Span piece  = faultyPiece(place, read, message);
+    TagsBefore before = tagsBefore(place.document, piece.offset);
+    return {place.document, message, place.atEnd, piece, std::move(before), std::move(read)};
+}
+
+std::string loadAdvice(const LoadTrouble& trouble)
+{
+    if (trouble.isAtEnd)
+        return "The document is not complete. Take a whole copy, or add what is missing.";
+    for (const Advice& advice : ADVICES)
+        if (trouble.message.find(advice.piece) != std::string_view::npos)
+            return advice.text.empty() ? advice.make(trouble) : std::string(advice.text);
+    return "Compare it with what 'ipsec-policy new' prints.";
+}

@@ -1,0 +1,9 @@
+#include "load_json.h"
+
+Json elementsMember(const LoadFault& fault)
+{
+    Json names = Json::array();
+    for (const std::string& name : fault.openElements)
+        names.push_back(name.empty() ? Json() : Json(name));
+    return names;
+}

@@ -1,0 +1,10 @@
+#ifndef IPSEC_POLICY_LOAD_JSON_H
+#define IPSEC_POLICY_LOAD_JSON_H
+
+#include "json.h"
+#include "load_message.h"
+
+/// The names of the open elements, the outermost first; null where a name is not of the format.
+Json elementsMember(const LoadFault& fault);
+
+#endif

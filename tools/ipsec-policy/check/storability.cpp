@@ -25,15 +25,26 @@ std::string placeOf(const Finding& finding, std::string_view document)
     return textOf(positionIn(document, finding.offset)) + ": " + textOf(finding.path);
 }
 
-} // namespace
-
-void refuseMisread(std::string_view document, const IPsecConfig& config, const std::string& fileName)
+Findings lossesIn(std::string_view document, const IPsecConfig& config)
 {
     Findings findings;
     checkUnderstood(Source(document, config), findings);
     findings.erase(std::partition(findings.begin(), findings.end(),
                                   [document](const Finding& finding) { return isLoss(finding, document); }),
                    findings.end());
+    return findings;
+}
+
+} // namespace
+
+std::size_t countMisread(std::string_view document, const IPsecConfig& config)
+{
+    return lossesIn(document, config).size();
+}
+
+void refuseMisread(std::string_view document, const IPsecConfig& config, const std::string& fileName)
+{
+    const Findings findings = lossesIn(document, config);
     if (findings.empty())
         return;
 

@@ -6,6 +6,7 @@
 
 #include <ipsecimpl/config.h>
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,10 @@
 /// `config` would make that for good, and nobody could see it any more. The message begins with `fileName` and the
 /// place of the first such value.
 void refuseMisread(std::string_view document, const ipsecimpl::IPsecConfig& config, const std::string& fileName);
+
+/// How many values of `document` were understood as others: those for which refuseMisread() throws. That takes about as
+/// long as to load it.
+std::size_t countMisread(std::string_view document, const ipsecimpl::IPsecConfig& config);
 
 /// Where the first text is that cannot be stored, and why; empty if there is none.
 std::string firstUnstorable(const ipsecimpl::IPsecConfig& config);

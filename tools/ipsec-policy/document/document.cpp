@@ -40,6 +40,17 @@ std::string shownFile(const std::string& fileName)
     return isStandardStream(fileName) ? "standard input" : printable(fileName);
 }
 
+/// To look for misread values takes about as long as to load the document, so it is only done where that is nothing.
+void tellOfMisread(std::string_view text, const IPsecConfig& config, const std::string& fileName)
+{
+    const std::size_t CHEAP = 256 * 1024;
+
+    const std::size_t count = text.size() < CHEAP ? countMisread(text, config) : 0;
+    if (count > 0)
+        printMessage(shownFile(fileName) + ": " + std::to_string(count) + (count == 1 ? " value was" : " values were") +
+                     " not understood as written; 'ipsec-policy check' tells which");
+}
+
 } // namespace
 
 LoadError::LoadError(LoadFault loadFault)
@@ -56,7 +67,10 @@ LoadFailure::LoadFailure(const std::string& fileName, const LoadError& error)
 
 IPsecConfig loadDocument(const std::string& fileName, std::size_t maxSize)
 {
-    return parseDocument(readFile(fileName, maxSize), fileName);
+    const std::string text   = readFile(fileName, maxSize);
+    IPsecConfig       config = parseDocument(text, fileName);
+    tellOfMisread(text, config, fileName);
+    return config;
 }
 
 IPsecConfig parseDocument(std::string_view text, const std::string& fileName)

@@ -19,6 +19,8 @@ extern const char DOCUMENT_HELP[];
 ///
 /// Throws a Failure for a file that cannot be read, and a LoadFailure for a document that does not load. One document
 /// is expected: what follows it is a LoadFailure too, or it would get lost unnoticed.
+///
+/// Standard error tells how many values of a small document (up to 256 KiB) were not understood as written.
 ipsecimpl::IPsecConfig loadDocument(const std::string& fileName, std::size_t maxSize = USUAL_MAX_SIZE);
 
 /// The configuration in a text that was read from `fileName`, with the same failures but those of reading.

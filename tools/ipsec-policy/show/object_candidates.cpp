@@ -69,7 +69,7 @@ std::vector<Candidate> objectCandidates(const std::string& fileName, Kind kind)
     if (!isReadable(fileName))
         return {};
     try {
-        const IPsecConfig config = loadDocument(fileName);
+        const IPsecConfig config = parseDocument(readFile(fileName, USUAL_MAX_SIZE), fileName);
         if (kind == Kind::POLICY)
             return candidatesOf(config);
         return withCollection(config, kind, [](const auto& collection) -> std::vector<Candidate> {

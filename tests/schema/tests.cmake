@@ -5,6 +5,7 @@ if(XMLLINT)
   ipsecimpl_test(test_schema
     schema/conditions.cpp
     schema/documents.cpp
+    schema/format_page.cpp
     schema/random_models.cpp
     schema/refused_by_both.cpp
     schema/rules_test.cpp
@@ -18,6 +19,7 @@ if(XMLLINT)
   target_compile_definitions(test_schema PRIVATE
     XMLLINT="${XMLLINT}"
     SCHEMA_DIR="${PROJECT_SOURCE_DIR}/schema"
+    DOCS_DIR="${PROJECT_SOURCE_DIR}/docs"
     CORPUS_DIR="${CMAKE_CURRENT_SOURCE_DIR}/corpus")
 
   if(TARGET ipsec-policy)

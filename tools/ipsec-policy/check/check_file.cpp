@@ -13,11 +13,13 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <functional>
 #include <future>
 #include <iterator>
 #include <optional>
 #include <string_view>
 #include <system_error>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -26,19 +28,50 @@ namespace {
 // A document of this size is checked about as fast as a thread is started and ended.
 const std::size_t WORTH_A_THREAD = 256 * 1024;
 
-/// The result of `work`, which goes on at the same time as what follows: where it is worth a thread, and there can be
-/// one. Else it is done when the result is asked for.
+/// Work that goes on at the same time as what follows, where it is worth a thread and there can be one; else it is done
+/// when it is waited for. It is at its end when this is destroyed.
 template <class Work>
-auto started(const Work& work, std::string_view document)
-{
-    if (document.size() >= WORTH_A_THREAD) {
+class Started {
+  public:
+    using Result = decltype(std::declval<Work&>()());
+
+    // Not std::async(): where there can be no thread, libc++'s waits for one for ever.
+    Started(Work work, std::string_view document)
+        : task_(std::move(work))
+        , result_(task_.get_future())
+    {
+        if (document.size() < WORTH_A_THREAD)
+            return;
         try {
-            return std::async(std::launch::async, work);
+            thread_ = std::thread(std::ref(task_));
         } catch (const std::system_error&) { // no thread to be had
         }
     }
-    return std::async(std::launch::deferred, work);
-}
+
+    Started(const Started&)            = delete;
+    Started& operator=(const Started&) = delete;
+
+    ~Started()
+    {
+        if (thread_.joinable())
+            thread_.join();
+    }
+
+    /// The result, once. Throws what the work has thrown.
+    Result get()
+    {
+        if (thread_.joinable())
+            thread_.join();
+        else
+            task_();
+        return result_.get();
+    }
+
+  private:
+    std::packaged_task<Result()> task_;
+    std::future<Result>          result_;
+    std::thread                  thread_;
+};
 
 /// Locates the findings from `first` to `last`, which is not one of them.
 void locate(CheckedFile& file, std::size_t first, std::size_t last)
@@ -61,7 +94,7 @@ void locate(CheckedFile& file, std::size_t first, std::size_t last)
 void locate(CheckedFile& file)
 {
     const std::size_t half   = file.findings.size() / 2;
-    auto              second = started([&] { locate(file, half, file.findings.size()); }, file.text);
+    Started second([&] { locate(file, half, file.findings.size()); }, file.text);
     locate(file, 0, half);
     second.get();
 }
@@ -110,7 +143,7 @@ void checkDocument(CheckedFile& file, const Algorithms* algorithms)
         return;
     }
     // Neither knows of the other, and both together take longer than all else.
-    auto source = started([&file] { return std::make_unique<const Source>(file.text, *file.config); }, file.text);
+    Started source([&file] { return std::make_unique<const Source>(file.text, *file.config); }, file.text);
     checkModel(*file.config, algorithms, file.findings);
     file.source = source.get();
 

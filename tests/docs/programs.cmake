@@ -1,0 +1,34 @@
+# The programs in the README and in the manual page of the library compile as printed, and do what is said of them.
+if(IPSECIMPL_BUILD_TOOLS)
+  ipsecimpl_runnable(policy_program ipsec-policy)
+
+  # ipsecimpl_document_program(NAME TEXT): the program with that text, and its test, the script of that name
+  function(ipsecimpl_document_program name text)
+    file(CONFIGURE OUTPUT ${name}.cpp CONTENT "${text}" @ONLY)
+    add_executable(${name} ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
+    ipsecimpl_target(${name})
+    target_link_libraries(${name} PRIVATE ipsecimpl::ipsecimpl)
+    ipsecimpl_runnable(program ${name})
+    add_test(NAME ${name} COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/docs/${name} ${program} ${policy_program})
+  endfunction()
+
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
+    ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/man/libipsecimpl.3)
+
+  file(READ ${PROJECT_SOURCE_DIR}/README.md readme)
+  string(REGEX MATCH "```cpp\n([^`]*)```" found "${readme}")
+  if(NOT found)
+    message(FATAL_ERROR "README.md holds no program")
+  endif()
+  ipsecimpl_document_program(readme_program "${CMAKE_MATCH_1}")
+
+  file(READ ${PROJECT_SOURCE_DIR}/man/libipsecimpl.3 page)
+  string(REGEX MATCH "\n.Sh EXAMPLES.*\n.Bd -literal\n(.*)\n.Ed\n" found "${page}")
+  if(NOT found)
+    message(FATAL_ERROR "man/libipsecimpl.3 holds no program")
+  endif()
+  string(REPLACE "\\e" "\\" program "${CMAKE_MATCH_1}\n")
+  string(REPLACE "\\-" "-" program "${program}")
+  string(REPLACE "\\(aq" "'" program "${program}")
+  ipsecimpl_document_program(man_program "${program}")
+endif()

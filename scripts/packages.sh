@@ -37,6 +37,7 @@ valgrind_packages=("${test_packages[@]}" libc6-dbg valgrind)
 fuzz_packages=(cmake ninja-build clang libclang-rt-dev)
 fuzz32_packages=(g++-i686-linux-gnu)
 schema_packages=(jing trang)
+reference_packages=(doxygen)
 lint_packages=("${build_packages[@]}" clang clang-format clang-tidy cppcheck)
 bench_packages=("${build_packages[@]}" binutils g++-arm-linux-gnueabihf libbenchmark-dev libexpat1-dev libpugixml-dev
     libtinyxml2-dev libxml2-dev valgrind)

@@ -34,6 +34,7 @@ class IPSECIMPL_API invalid_operation : public std::logic_error {
 /// from a document.
 class IPSECIMPL_API IPsecProposal {
   public:
+    /// Stores the arguments.
     IPsecProposal(const IPsecProtocol& protocol, unsigned long encryption, unsigned long hash);
 
     /// Reads one <saProposal> element. Throws ParseError; then there is no proposal.
@@ -52,13 +53,14 @@ class IPSECIMPL_API IPsecProposal {
 /// A plain value.
 class IPSECIMPL_API IKEPhase2 {
   public:
+    /// Stores the arguments; nothing is checked.
     IKEPhase2(const std::list<IPsecProposal>& proposals, const DHGroup& dhGroup, unsigned long keyLifetime,
               const KeyLifetimeUnits& units);
 
     IKEPhase2(const IKEPhase2&)     = default;
     IKEPhase2(IKEPhase2&&) noexcept = default;
     IKEPhase2& operator=(const IKEPhase2& other); ///< if it throws, the target is as it was
-    IKEPhase2& operator=(IKEPhase2&& other) noexcept;
+    IKEPhase2& operator=(IKEPhase2&& other) noexcept; ///< `other` stays usable, with any content
     ~IKEPhase2() = default;
 
     /// Reads one <ikePhase2> element. Throws ParseError; then there is no phase 2.
@@ -78,13 +80,14 @@ class IPSECIMPL_API IKEPhase2 {
 /// A plain value.
 class IPSECIMPL_API IKEPhase1Proposal {
   public:
+    /// Stores the arguments; nothing is checked.
     IKEPhase1Proposal(const std::list<IKEPhase1Transform>& transforms, const DHGroup& dhGroup,
                       unsigned long keyLifetime, const KeyLifetimeUnits& units);
 
     IKEPhase1Proposal(const IKEPhase1Proposal&)     = default;
     IKEPhase1Proposal(IKEPhase1Proposal&&) noexcept = default;
     IKEPhase1Proposal& operator=(const IKEPhase1Proposal& other); ///< if it throws, the target is as it was
-    IKEPhase1Proposal& operator=(IKEPhase1Proposal&& other) noexcept;
+    IKEPhase1Proposal& operator=(IKEPhase1Proposal&& other) noexcept; ///< `other` stays usable, with any content
     ~IKEPhase1Proposal() = default;
 
     /// Reads one <proposal> element. Throws ParseError; then there is no proposal.
@@ -118,10 +121,12 @@ class IPSECIMPL_API IKEPhase1 {
     IKEPhase1(const IKEPhase1&)     = default;
     IKEPhase1(IKEPhase1&&) noexcept = default;
     IKEPhase1& operator=(const IKEPhase1& other); ///< if it throws, the target is as it was
-    IKEPhase1& operator=(IKEPhase1&& other) noexcept;
+    IKEPhase1& operator=(IKEPhase1&& other) noexcept; ///< `other` stays usable, with any content
     ~IKEPhase1() = default;
 
+    /// Tells which of the credentials are meant. The reference lives as long as the object.
     const IKEAuthType& authTypeGet() const { return authType_; }
+
     /// Keeps the three texts, whatever the new type.
     const IKEAuthType& authTypeSet(const IKEAuthType& authType);
 
@@ -136,7 +141,10 @@ class IPSECIMPL_API IKEPhase1 {
     const std::string& peerTrustSet(const std::string& peerTrust);  ///< only for RSA
     /// @}
 
+    /// The reference lives as long as the object.
     const IKEPhase1Proposal& proposalGet() const { return proposal_; }
+
+    /// Stores a copy, which it returns. Any authentication type will do.
     const IKEPhase1Proposal& proposalSet(const IKEPhase1Proposal& proposal);
 
     /// Reads one <ikePhase1> element. Throws ParseError; then there is no phase 1.
@@ -167,7 +175,7 @@ class IPSECIMPL_API MKM {
     MKM(const MKM&)     = default;
     MKM(MKM&&) noexcept = default;
     MKM& operator=(const MKM& other); ///< if it throws, the target is as it was
-    MKM& operator=(MKM&& other) noexcept;
+    MKM& operator=(MKM&& other) noexcept; ///< `other` stays usable, with any content
     ~MKM() = default;
 
     /// Reads one <manualKey> element. Throws ParseError; then there is no key.
@@ -216,6 +224,7 @@ class IPSECIMPL_API IPsecAction {
     IPsecAction& operator=(IPsecAction&& other) noexcept; ///< `type` and `state` stay
     ~IPsecAction();
 
+    /// Decides, with the key manager, which of the guarded getters and setters are allowed.
     const SPDAction& spdActionGet() const { return spdAction_; }
 
     /// Number of effective changes by setters, of this and earlier programs: it is part of the document. Names and
@@ -223,8 +232,8 @@ class IPSECIMPL_API IPsecAction {
     /// the keying objects count each time. After 2147483647 comes -2147483648.
     int changeCountGet() const { return changeCount_; }
 
-    const std::string& nameGet() const { return name_; }
-    const std::string& descrGet() const { return descr_; }
+    const std::string& nameGet() const { return name_; }   ///< the action's own name, for display
+    const std::string& descrGet() const { return descr_; } ///< the action's own description, for display
 
     int builtinNameGet() const { return builtinName_; }   ///< number of the built-in name; 0 is none
     int builtinDescrGet() const { return builtinDescr_; } ///< number of the built-in description; 0 is none
@@ -232,10 +241,10 @@ class IPSECIMPL_API IPsecAction {
     /// \name Numbers that are free for the caller
     /// The library keeps them and gives them no meaning. Setting them is no change and is allowed at all times.
     /// @{
-    int typeGet() const { return type_; }
-    const int& typeSet(int type) { return type_ = type; }
-    int stateGet() const { return state_; }
-    const int& stateSet(int state) { return state_ = state; }
+    int typeGet() const { return type_; }                     ///< part of the document; 0 at first
+    const int& typeSet(int type) { return type_ = type; }     ///< returns the stored number
+    int stateGet() const { return state_; }                   ///< part of the document; 0 at first
+    const int& stateSet(int state) { return state_ = state; } ///< returns the stored number
     /// @}
 
     /// The number of the built-in name, or of the built-in description, is greater than 0. Such an action refuses

@@ -23,6 +23,7 @@ namespace ipsecimpl {
 /// A plain value. The IDs are never checked: a policy may name entries that do not exist, and 0 names none.
 class IPSECIMPL_API Policy {
   public:
+    /// Stores the three IDs.
     Policy(unsigned int hostGroupID, unsigned int protocolGroupID, unsigned int actionID);
 
     /// Reads one <policy> element. Throws ParseError; then there is no policy.
@@ -42,7 +43,7 @@ class IPSECIMPL_API Policy {
 /// which is what a document can carry. At all times `nextIDGet()` is greater than every ID in use and storing and
 /// loading gives the same IDs and the same next ID back. Every operation that throws leaves the collection as it was.
 ///
-/// References and pointers to an element hold until it is removed or the collection is assigned to.
+/// References, pointers and iterators to an element hold until it is removed or the collection is assigned to.
 ///
 /// `pluralTag` and `singularTag` are the addresses of the tags from which the element names are made.
 template <class T, auto pluralTag, auto singularTag>
@@ -71,11 +72,11 @@ class IndexedCollection {
 
     /// The element, or null if there is none with this ID.
     T*       find(unsigned int id) { return elementOf(entries_, id); }
-    const T* find(unsigned int id) const { return elementOf(entries_, id); }
+    const T* find(unsigned int id) const { return elementOf(entries_, id); } ///< the same
 
     /// The element. Throws `std::invalid_argument` "no " + singular tag + " with ID N" if there is none.
     T&       at(unsigned int id) { return required(find(id), id); }
-    const T& at(unsigned int id) const { return required(find(id), id); }
+    const T& at(unsigned int id) const { return required(find(id), id); } ///< the same
 
     /// Assigns `element` to the stored one, which it returns. So an action's `type` and `state` stay what they are in
     /// the collection, whatever those of `element`. Throws `std::invalid_argument` as at() does.
@@ -85,13 +86,13 @@ class IndexedCollection {
     /// handed out or stored, so it becomes the next ID again.
     bool remove(unsigned int id);
 
-    std::size_t size() const noexcept { return entries_.size(); }
-    bool        empty() const noexcept { return entries_.empty(); }
+    std::size_t size() const noexcept { return entries_.size(); }   ///< number of elements, not the greatest ID
+    bool        empty() const noexcept { return entries_.empty(); } ///< the next ID may still be beyond 1
 
-    iterator       begin() noexcept { return entries_.begin(); }
-    iterator       end() noexcept { return entries_.end(); }
-    const_iterator begin() const noexcept { return entries_.begin(); }
-    const_iterator end() const noexcept { return entries_.end(); }
+    iterator       begin() noexcept { return entries_.begin(); }       ///< at the least ID
+    iterator       end() noexcept { return entries_.end(); }           ///< behind the greatest ID
+    const_iterator begin() const noexcept { return entries_.begin(); } ///< at the least ID
+    const_iterator end() const noexcept { return entries_.end(); }     ///< behind the greatest ID
 
     /// The ID that the next add() uses: 1 to 2147483647, or 2147483648 when there is none left.
     unsigned int nextIDGet() const noexcept { return nextID_; }
@@ -116,10 +117,10 @@ class IndexedCollection {
     unsigned int              nextID_ = 1; // greater than every ID in use
 };
 
-using HostGroups     = IndexedCollection<HostGroup, &__hostGroupsTag, &__hostGroupTag>;
-using ProtocolGroups = IndexedCollection<ProtocolGroup, &__protocolGroupsTag, &__protocolGroupTag>;
-using Actions        = IndexedCollection<IPsecAction, &__actionsTag, &__actionTag>;
-using Policies       = IndexedCollection<Policy, &__policiesTag, &__policyTag>;
+using HostGroups     = IndexedCollection<HostGroup, &__hostGroupsTag, &__hostGroupTag>;             ///< whose traffic
+using ProtocolGroups = IndexedCollection<ProtocolGroup, &__protocolGroupsTag, &__protocolGroupTag>; ///< which traffic
+using Actions        = IndexedCollection<IPsecAction, &__actionsTag, &__actionTag>;                 ///< what happens
+using Policies       = IndexedCollection<Policy, &__policiesTag, &__policyTag>;                     ///< what ties them
 
 /// The whole configuration: what one document holds.
 ///

@@ -73,10 +73,11 @@ std::basic_ostream<CharT, Traits>& operator<<(std::basic_ostream<CharT, Traits>&
 #pragma clang diagnostic ignored "-Wreserved-identifier"
 #endif
 
-/// What happens to traffic that a policy matches.
+/// \name SPDAction
 /// @{
 inline constexpr IPSECIMPL_API int __SPDActionNum__ = 5;
 extern IPSECIMPL_API const char* const __SPDActionNames__[__SPDActionNum__];
+/// What happens to traffic that a policy matches.
 using SPDAction = Enum<__SPDActionNum__, &__SPDActionNames__>;
 extern template IPSECIMPL_API int Enum<__SPDActionNum__, &__SPDActionNames__>::to_int(const std::string&);
 extern IPSECIMPL_API const SPDAction SPD_NONE;      ///< "NONE"
@@ -86,10 +87,11 @@ extern IPSECIMPL_API const SPDAction SPD_TRANSPORT; ///< "TRANSPORT"
 extern IPSECIMPL_API const SPDAction SPD_TUNNEL;    ///< "TUNNEL"
 /// @}
 
-/// Where the keys of a transport or tunnel action come from.
+/// \name IPsecKeyMgr
 /// @{
 inline constexpr IPSECIMPL_API int __IPsecKeyMgrNum__ = 3;
 extern IPSECIMPL_API const char* const __IPsecKeyMgrNames__[__IPsecKeyMgrNum__];
+/// Where the keys of a transport or tunnel action come from.
 using IPsecKeyMgr = Enum<__IPsecKeyMgrNum__, &__IPsecKeyMgrNames__>;
 extern template IPSECIMPL_API int Enum<__IPsecKeyMgrNum__, &__IPsecKeyMgrNames__>::to_int(const std::string&);
 extern IPSECIMPL_API const IPsecKeyMgr KEYMGR_NONE; ///< "NONE"
@@ -97,10 +99,11 @@ extern IPSECIMPL_API const IPsecKeyMgr KEYMGR_MKM;  ///< "MKM"
 extern IPSECIMPL_API const IPsecKeyMgr KEYMGR_IKE;  ///< "IKE"
 /// @}
 
-/// The security protocol of an SA proposal.
+/// \name IPsecProtocol
 /// @{
 inline constexpr IPSECIMPL_API int __IPsecProtocolNum__ = 4;
 extern IPSECIMPL_API const char* const __IPsecProtocolNames__[__IPsecProtocolNum__];
+/// The security protocol of an SA proposal.
 using IPsecProtocol = Enum<__IPsecProtocolNum__, &__IPsecProtocolNames__>;
 extern template IPSECIMPL_API int Enum<__IPsecProtocolNum__, &__IPsecProtocolNames__>::to_int(const std::string&);
 extern IPSECIMPL_API const IPsecProtocol IPSEC_NONE;   ///< "NONE"
@@ -109,10 +112,11 @@ extern IPSECIMPL_API const IPsecProtocol IPSEC_ESP;    ///< "ESP"
 extern IPSECIMPL_API const IPsecProtocol IPSEC_ESP_AH; ///< "ESP+AH"
 /// @}
 
-/// Authentication transforms of AH.
+/// \name AHTransform
 /// @{
 inline constexpr IPSECIMPL_API int __AHTransformNum__ = 4;
 extern IPSECIMPL_API const char* const __AHTransformNames__[__AHTransformNum__];
+/// Authentication transforms of AH.
 using AHTransform = Enum<__AHTransformNum__, &__AHTransformNames__>;
 extern template IPSECIMPL_API int Enum<__AHTransformNum__, &__AHTransformNames__>::to_int(const std::string&);
 extern IPSECIMPL_API const AHTransform AH_NONE;       ///< "ah_none"
@@ -121,10 +125,11 @@ extern IPSECIMPL_API const AHTransform AH_MD5;        ///< "ah_md5"
 extern IPSECIMPL_API const AHTransform AH_AESXCBCMAC; ///< "ah_aes-xcbc-mac"
 /// @}
 
-/// Encryption and integrity transforms of ESP. There is no "none" integrity for AES-CTR and NULL encryption.
+/// \name ESPTransform
 /// @{
 inline constexpr IPSECIMPL_API int __ESPTransformNum__ = 19;
 extern IPSECIMPL_API const char* const __ESPTransformNames__[__ESPTransformNum__];
+/// Encryption and integrity transforms of ESP. There is no "none" integrity for AES-CTR and NULL encryption.
 using ESPTransform = Enum<__ESPTransformNum__, &__ESPTransformNames__>;
 extern template IPSECIMPL_API int Enum<__ESPTransformNum__, &__ESPTransformNames__>::to_int(const std::string&);
 extern IPSECIMPL_API const ESPTransform ESP_NONE;              ///< "esp_none"
@@ -148,20 +153,22 @@ extern IPSECIMPL_API const ESPTransform ESP_NULL_MD5;          ///< "esp_null_md
 extern IPSECIMPL_API const ESPTransform ESP_NULL_AESXCBCMAC;   ///< "esp_null_aes-xcbc-mac"
 /// @}
 
-/// How the peers of a key exchange prove who they are.
+/// \name IKEAuthType
 /// @{
 inline constexpr IPSECIMPL_API int __IKEAuthTypeNum__ = 2;
 extern IPSECIMPL_API const char* const __IKEAuthTypeNames__[__IKEAuthTypeNum__];
+/// How the peers of a key exchange prove who they are.
 using IKEAuthType = Enum<__IKEAuthTypeNum__, &__IKEAuthTypeNames__>;
 extern template IPSECIMPL_API int Enum<__IKEAuthTypeNum__, &__IKEAuthTypeNames__>::to_int(const std::string&);
 extern IPSECIMPL_API const IKEAuthType IKE_AUTH_PSK; ///< "PSK"
 extern IPSECIMPL_API const IKEAuthType IKE_AUTH_RSA; ///< "RSA"
 /// @}
 
-/// Encryption and hash of IKE phase 1.
+/// \name IKEPhase1Transform
 /// @{
 inline constexpr IPSECIMPL_API int __IKEPhase1TransformNum__ = 7;
 extern IPSECIMPL_API const char* const __IKEPhase1TransformNames__[__IKEPhase1TransformNum__];
+/// Encryption and hash of IKE phase 1.
 using IKEPhase1Transform = Enum<__IKEPhase1TransformNum__, &__IKEPhase1TransformNames__>;
 extern template IPSECIMPL_API int
 Enum<__IKEPhase1TransformNum__, &__IKEPhase1TransformNames__>::to_int(const std::string&);
@@ -174,10 +181,11 @@ extern IPSECIMPL_API const IKEPhase1Transform IKE_DES_SHA1;    ///< "IKE_DES_SHA
 extern IPSECIMPL_API const IKEPhase1Transform IKE_DES_MD5;     ///< "IKE_DES_MD5"
 /// @}
 
-/// The Diffie-Hellman group of a key exchange: 768 (1), 1024 (2) or 2048 bits (14).
+/// \name DHGroup
 /// @{
 inline constexpr IPSECIMPL_API int __DHGroupNum__ = 4;
 extern IPSECIMPL_API const char* const __DHGroupNames__[__DHGroupNum__];
+/// The Diffie-Hellman group of a key exchange: 768 (1), 1024 (2) or 2048 bits (14).
 using DHGroup = Enum<__DHGroupNum__, &__DHGroupNames__>;
 extern template IPSECIMPL_API int Enum<__DHGroupNum__, &__DHGroupNames__>::to_int(const std::string&);
 extern IPSECIMPL_API const DHGroup DH_GROUP_NONE; ///< "NONE"
@@ -186,10 +194,11 @@ extern IPSECIMPL_API const DHGroup DH_GROUP_2;    ///< "G2"
 extern IPSECIMPL_API const DHGroup DH_GROUP_14;   ///< "G14"
 /// @}
 
-/// What a key lifetime counts: time, or kilobytes of traffic.
+/// \name KeyLifetimeUnits
 /// @{
 inline constexpr IPSECIMPL_API int __KeyLifetimeUnitsNum__ = 4;
 extern IPSECIMPL_API const char* const __KeyLifetimeUnitsNames__[__KeyLifetimeUnitsNum__];
+/// What a key lifetime counts: time, or kilobytes of traffic.
 using KeyLifetimeUnits = Enum<__KeyLifetimeUnitsNum__, &__KeyLifetimeUnitsNames__>;
 extern template IPSECIMPL_API int Enum<__KeyLifetimeUnitsNum__, &__KeyLifetimeUnitsNames__>::to_int(const std::string&);
 extern IPSECIMPL_API const KeyLifetimeUnits KEYLIFETIME_SECS; ///< "SECS"
@@ -198,10 +207,11 @@ extern IPSECIMPL_API const KeyLifetimeUnits KEYLIFETIME_MINS; ///< "MINS"
 extern IPSECIMPL_API const KeyLifetimeUnits KEYLIFETIME_HRS;  ///< "HRS"
 /// @}
 
-/// The address family of a host selector. Not to be confused with the socket header's AF_ numbers.
+/// \name AddressFamily
 /// @{
 inline constexpr IPSECIMPL_API int __AddressFamilyNum__ = 3;
 extern IPSECIMPL_API const char* const __AddressFamilyNames__[__AddressFamilyNum__];
+/// The address family of a host selector. Not to be confused with the socket header's AF_ numbers.
 using AddressFamily = Enum<__AddressFamilyNum__, &__AddressFamilyNames__>;
 extern template IPSECIMPL_API int Enum<__AddressFamilyNum__, &__AddressFamilyNames__>::to_int(const std::string&);
 extern IPSECIMPL_API const AddressFamily HOST_INET;    ///< "AF_INET"
@@ -209,10 +219,11 @@ extern IPSECIMPL_API const AddressFamily HOST_INET6;   ///< "AF_INET6"
 extern IPSECIMPL_API const AddressFamily HOST_INETANY; ///< "AF_ANY"
 /// @}
 
-/// In which way a host selector names its hosts.
+/// \name AddressType
 /// @{
 inline constexpr IPSECIMPL_API int __AddressTypeNum__ = 8;
 extern IPSECIMPL_API const char* const __AddressTypeNames__[__AddressTypeNum__];
+/// In which way a host selector names its hosts.
 using AddressType = Enum<__AddressTypeNum__, &__AddressTypeNames__>;
 extern template IPSECIMPL_API int Enum<__AddressTypeNum__, &__AddressTypeNames__>::to_int(const std::string&);
 extern IPSECIMPL_API const AddressType HOST_NONE;          ///< "NONE"
@@ -225,10 +236,11 @@ extern IPSECIMPL_API const AddressType HOST_ANY;           ///< "ANY"
 extern IPSECIMPL_API const AddressType HOST_MCAST;         ///< "MCAST"
 /// @}
 
-/// The direction of the traffic that a protocol selector names.
+/// \name Direction
 /// @{
 inline constexpr IPSECIMPL_API int __DirectionNum__ = 3;
 extern IPSECIMPL_API const char* const __DirectionNames__[__DirectionNum__];
+/// The direction of the traffic that a protocol selector names.
 using Direction = Enum<__DirectionNum__, &__DirectionNames__>;
 extern template IPSECIMPL_API int Enum<__DirectionNum__, &__DirectionNames__>::to_int(const std::string&);
 extern IPSECIMPL_API const Direction PROTO_IN;    ///< "IN"

@@ -2,8 +2,9 @@
 #define IPSECIMPL_EXPORT_H
 
 /// \file
-/// The mark of everything that the shared library exports. All else in it is hidden.
+/// The one macro of the headers.
 
+/// Stands at everything that the shared library exports. All else in it is hidden.
 #define IPSECIMPL_API __attribute__((visibility("default")))
 
 #endif

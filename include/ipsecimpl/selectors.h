@@ -160,7 +160,7 @@ class IPSECIMPL_API SelectorGroup {
     SelectorGroup(const SelectorGroup& other)     = default;
     SelectorGroup(SelectorGroup&& other) noexcept = default;
     SelectorGroup& operator=(const SelectorGroup& other); ///< if it throws, the target is as it was
-    SelectorGroup& operator=(SelectorGroup&& other) noexcept;
+    SelectorGroup& operator=(SelectorGroup&& other) noexcept; ///< `other` stays a group, with any content
     IPSECIMPL_API ~SelectorGroup();
 
     /// Reads one group element. Throws ParseError, also for a selector's unknown word ("bad value: to_int").
@@ -177,8 +177,8 @@ class IPSECIMPL_API SelectorGroup {
     std::set<Selector> selectors;        ///< without duplicates, in the order of `Selector::compare`
 };
 
-using HostGroup     = SelectorGroup<&__hostGroupTag, HostSelector>;
-using ProtocolGroup = SelectorGroup<&__protocolGroupTag, ProtocolSelector>;
+using HostGroup     = SelectorGroup<&__hostGroupTag, HostSelector>;         ///< whose traffic a policy is for
+using ProtocolGroup = SelectorGroup<&__protocolGroupTag, ProtocolSelector>; ///< which traffic a policy is for
 
 template <auto Tag, class Selector>
 SelectorGroup<Tag, Selector>::SelectorGroup(std::string ownName, int nameNumber, std::string ownDescr, int descrNumber)
@@ -225,21 +225,22 @@ SelectorGroup<&__protocolGroupTag, ProtocolSelector>::exportXML(std::ostream&) c
 /// race for, and destroyed when the program ends. The library never adds it to a configuration: copy it into one. What
 /// a caller changes in it stays changed for all.
 /// @{
-IPSECIMPL_API HostGroup& HostGroupAny();
-IPSECIMPL_API HostGroup& HostGroupLocal();
-IPSECIMPL_API HostGroup& HostGroupAnyv4();
-IPSECIMPL_API HostGroup& HostGroupLocalv4();
-IPSECIMPL_API HostGroup& HostGroupAnyv6();
-IPSECIMPL_API HostGroup& HostGroupLocalv6();
-IPSECIMPL_API HostGroup& HostGroupMcast();
-IPSECIMPL_API HostGroup& HostGroupMcastv4();
+IPSECIMPL_API HostGroup& HostGroupAny();     ///< "Any": every remote host
+IPSECIMPL_API HostGroup& HostGroupLocal();   ///< "Local Subnet": every host on the node's own subnets
+IPSECIMPL_API HostGroup& HostGroupAnyv4();   ///< "Any IPv4"
+IPSECIMPL_API HostGroup& HostGroupLocalv4(); ///< "Local IPv4 Subnet"
+IPSECIMPL_API HostGroup& HostGroupAnyv6();   ///< "Any IPv6"
+IPSECIMPL_API HostGroup& HostGroupLocalv6(); ///< "Local IPv6 Subnet"
+IPSECIMPL_API HostGroup& HostGroupMcast();   ///< "Broadcast or Multicast"
+IPSECIMPL_API HostGroup& HostGroupMcastv4(); ///< "IPv4 Broadcast or Multicast"
 
-/// Its selector is, deliberately, that of HostGroupMcastv4(): the family is AF_INET.
+/// "IPv6 Broadcast or Multicast". Its selector is, deliberately, that of HostGroupMcastv4(): the family is AF_INET.
 IPSECIMPL_API HostGroup& HostGroupMcastv6();
 
+/// "All": every protocol, every port, with the reply flow.
 IPSECIMPL_API ProtocolGroup& ProtocolGroupAll();
 
-/// IKE, DHCP, and DNS over TCP and UDP.
+/// "System Services": IKE, DHCP, and DNS over TCP and UDP.
 IPSECIMPL_API ProtocolGroup& ProtocolGroupSystem();
 /// @}
 

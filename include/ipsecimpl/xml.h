@@ -149,14 +149,14 @@ class IPSECIMPL_API XMLParser {
 /// \name Tags of the collections and of the elements in them
 /// Their addresses are template arguments of IndexedCollection and SelectorGroup.
 /// @{
-extern IPSECIMPL_API const char __hostGroupsTag[11];
-extern IPSECIMPL_API const char __hostGroupTag[10];
-extern IPSECIMPL_API const char __protocolGroupsTag[15];
-extern IPSECIMPL_API const char __protocolGroupTag[14];
-extern IPSECIMPL_API const char __actionsTag[8];
-extern IPSECIMPL_API const char __actionTag[7];
-extern IPSECIMPL_API const char __policiesTag[9];
-extern IPSECIMPL_API const char __policyTag[7];
+extern IPSECIMPL_API const char __hostGroupsTag[11];     ///< "hostGroups"
+extern IPSECIMPL_API const char __hostGroupTag[10];      ///< "hostGroup"
+extern IPSECIMPL_API const char __protocolGroupsTag[15]; ///< "protocolGroups"
+extern IPSECIMPL_API const char __protocolGroupTag[14];  ///< "protocolGroup"
+extern IPSECIMPL_API const char __actionsTag[8];         ///< "actions"
+extern IPSECIMPL_API const char __actionTag[7];          ///< "action"
+extern IPSECIMPL_API const char __policiesTag[9];        ///< "policies"
+extern IPSECIMPL_API const char __policyTag[7];          ///< "policy"
 /// @}
 
 #ifdef __clang__

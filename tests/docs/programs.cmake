@@ -39,6 +39,23 @@ if(IPSECIMPL_BUILD_TOOLS AND IPSECIMPL_RELEASE_TESTS)
     COMMAND docs/samples ${CMAKE_CXX_COMPILER}
       "-I${PROJECT_SOURCE_DIR}/include -I${PROJECT_BINARY_DIR}/include -L${PROJECT_BINARY_DIR} -lipsecimpl"
       ${PROJECT_BINARY_DIR} $<TARGET_FILE_DIR:ipsec-policy>
-      ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/docs/guide.md ${PROJECT_SOURCE_DIR}/docs/getting-started.md
+      ${PROJECT_SOURCE_DIR}/docs/guide.md ${PROJECT_SOURCE_DIR}/docs/getting-started.md
+    WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+endif()
+
+# What the headers' comments say: something of every name, and the words of the enumerations and tags.
+if(IPSECIMPL_RELEASE_TESTS)
+  find_program(DOXYGEN doxygen)
+  mark_as_advanced(DOXYGEN)
+  if(DOXYGEN)
+    add_test(NAME reference_is_complete
+      COMMAND ${PROJECT_SOURCE_DIR}/scripts/reference ${CMAKE_CURRENT_BINARY_DIR}/reference)
+  else()
+    message(STATUS "doxygen is not there: the reference is not tested")
+  endif()
+  add_test(NAME words_in_comments_are_those_of_the_library
+    COMMAND docs/words ${CMAKE_CXX_COMPILER}
+      "-I${PROJECT_SOURCE_DIR}/include -I${PROJECT_BINARY_DIR}/include -L${PROJECT_BINARY_DIR} -lipsecimpl"
+      ${PROJECT_BINARY_DIR} ${PROJECT_SOURCE_DIR}/include/ipsecimpl
     WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
 endif()

@@ -32,6 +32,21 @@ string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)
 configure_file(${packaging}/changelog.in debian/changelog @ONLY)
 execute_process(COMMAND gzip -9nf ${CMAKE_CURRENT_BINARY_DIR}/debian/changelog)
 
+# The reference is part of the documents if doxygen is there to make it.
+find_program(DOXYGEN doxygen)
+mark_as_advanced(DOXYGEN)
+if(DOXYGEN)
+  set(reference ${CMAKE_CURRENT_BINARY_DIR}/reference)
+  file(GLOB sources CONFIGURE_DEPENDS include/ipsecimpl/* docs/Doxyfile docs/doxygen.sed docs/reference.md
+    scripts/reference)
+  add_custom_command(OUTPUT ${reference}/html/index.html
+    COMMAND ${PROJECT_SOURCE_DIR}/scripts/reference ${reference}
+    DEPENDS ${sources} VERBATIM)
+  add_custom_target(reference ALL DEPENDS ${reference}/html/index.html)
+  install(DIRECTORY ${reference}/html
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/ipsecimpl-doc COMPONENT documentation)
+endif()
+
 # ipsecimpl_package(COMPONENT NAME MULTI_ARCH SECTION DEPENDS SUMMARY TEXT): what a package says of itself
 macro(ipsecimpl_package component name multi_arch section depends summary text)
   string(TOUPPER ${component} upper)
@@ -64,7 +79,8 @@ tells what is different in another one. It talks to no kernel and no daemon.")
 ipsecimpl_package(documentation ipsecimpl-doc foreign doc ""
   "IPsec security policies as an object model (documents)"
   "The documents of the library libipsecimpl and of the program ipsec-policy,
-and programs that show how the library is used.")
+the reference of all public names, and programs that show how the library
+is used.")
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SHLIBDEPS OFF)

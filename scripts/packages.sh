@@ -33,7 +33,7 @@ test_packages=("${abi_packages[@]}" clang doxygen libclang-rt-dev libgmock-dev l
     pkg-config strace)
 matrix_packages=("${test_packages[@]}" libc++-dev libc++abi-dev googletest g++-i686-linux-gnu
     g++-arm-linux-gnueabihf g++-powerpc-linux-gnu qemu-user)
-debs_packages=("${build_packages[@]}" debootstrap dpkg-dev lintian)
+debs_packages=("${build_packages[@]}" debootstrap doxygen dpkg-dev lintian)
 debs_armhf_packages=(g++-arm-linux-gnueabihf)
 valgrind_packages=("${test_packages[@]}" libc6-dbg valgrind)
 fuzz_packages=(cmake ninja-build clang libclang-rt-dev)

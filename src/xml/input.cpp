@@ -57,9 +57,9 @@ int Input::uflow()
         return end;
     }
     const int c = guarded([this] { return buffer_->sbumpc(); });
-    if (c == end) {
+    if (c == end) { // though the buffer has just shown a character
         buffer_ = nullptr;
-        stream_.setstate(std::ios_base::failbit);
+        stream_.setstate(stream_.bad() ? std::ios_base::failbit : std::ios_base::eofbit | std::ios_base::failbit);
     }
     return c;
 }

@@ -3,6 +3,7 @@ find_package(Threads REQUIRED)
 # The first calls are a program of their own: elsewhere they would not be the first.
 ipsecimpl_test(test_first_calls threads/first_calls.cpp properties/contents.cpp)
 ipsecimpl_test(test_threads
+  threads/cancelled.cpp
   threads/independent.cpp
   properties/contents.cpp
   properties/random_model.cpp

@@ -35,6 +35,8 @@ matrix_packages=("${test_packages[@]}" libc++-dev libc++abi-dev googletest g++-i
     g++-arm-linux-gnueabihf g++-powerpc-linux-gnu qemu-user)
 debs_packages=("${build_packages[@]}" debootstrap doxygen dpkg-dev lintian)
 debs_armhf_packages=(g++-arm-linux-gnueabihf)
+coverage_packages=("${test_packages[@]}" python3)
+mutate_packages=("${coverage_packages[@]}" lld)
 valgrind_packages=("${test_packages[@]}" libc6-dbg valgrind)
 fuzz_packages=(cmake ninja-build clang libclang-rt-dev)
 fuzz32_packages=(g++-i686-linux-gnu)

@@ -8,6 +8,7 @@ ipsecimpl_test(test_xml
   xml/xml_parser_entities.cpp
   xml/xml_parser_masks.cpp
   xml/xml_parser_names.cpp
+  xml/xml_parser_states.cpp
   xml/xml_parser_streams.cpp
   xml/xml_parser_tags.cpp)
 

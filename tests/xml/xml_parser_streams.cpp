@@ -5,10 +5,6 @@
 
 #include <functional>
 #include <ios>
-#include <istream>
-#include <stdexcept>
-#include <streambuf>
-#include <utility>
 
 namespace ipsecimpl {
 namespace {
@@ -111,48 +107,6 @@ TEST(Stream, WhoseBufferThrowsAtOnceReadsAsEmptyAndIsBad)
         EXPECT_EQ(outcome(operation, parser), operation.atEnd) << operation.name;
         EXPECT_TRUE(in.bad()) << operation.name;
     }
-}
-
-/// Shows a character that it then does not give: `uflow` says how.
-class WithdrawingBuffer : public std::streambuf {
-  public:
-    explicit WithdrawingBuffer(std::function<void()> uflow)
-        : uflow_(std::move(uflow))
-    {
-    }
-
-  protected:
-    int_type underflow() override { return 'a'; }
-    int_type uflow() override
-    {
-        uflow_();
-        return traits_type::eof();
-    }
-
-  private:
-    std::function<void()> uflow_;
-};
-
-TEST(Stream, WhoseBufferEndsWhereItHasShownACharacterIsAtItsEndAsIfTheStreamHadReadItself)
-{
-    WithdrawingBuffer buffer([] {});
-    std::istream      itself(&buffer);
-    itself.get();
-    EXPECT_EQ(itself.rdstate(), std::ios_base::eofbit | std::ios_base::failbit);
-
-    std::istream in(&buffer);
-    std::string  name;
-    EXPECT_FALSE(XMLParser(in).parse_name(name));
-    EXPECT_EQ(in.rdstate(), itself.rdstate());
-}
-
-TEST(Stream, WhoseBufferThrowsWhereItHasShownACharacterIsBadAndNotAtItsEnd)
-{
-    WithdrawingBuffer buffer([] { throw std::runtime_error("withdrawn"); });
-    std::istream      in(&buffer);
-    std::string       name;
-    EXPECT_FALSE(XMLParser(in).parse_name(name));
-    EXPECT_EQ(in.rdstate(), std::ios_base::badbit | std::ios_base::failbit);
 }
 
 TEST(Stream, IsGoodBehindACompleteDocumentEvenAtItsVeryEnd)

@@ -38,6 +38,7 @@ void compareWithLibc(const std::string& text, int base, Compared& compared)
     if (libc >= std::numeric_limits<std::int32_t>::min() && libc <= std::numeric_limits<std::int32_t>::max()) {
         EXPECT_EQ(strtol32(text, base, &used), libc);
         EXPECT_EQ(used, static_cast<std::size_t>(end - text.c_str()));
+        EXPECT_EQ(strtol32(text, base), libc) << "without `used`";
         ++compared.inSigned;
     }
 
@@ -49,6 +50,7 @@ void compareWithLibc(const std::string& text, int base, Compared& compared)
     if (magnitude <= std::numeric_limits<std::uint32_t>::max()) {
         EXPECT_EQ(strtoul32(text, base, &used), static_cast<std::uint32_t>(libcUnsigned));
         EXPECT_EQ(used, static_cast<std::size_t>(end - text.c_str()));
+        EXPECT_EQ(strtoul32(text, base), static_cast<std::uint32_t>(libcUnsigned)) << "without `used`";
         ++compared.inUnsigned;
     }
 }
@@ -73,6 +75,20 @@ TEST(NumbersBesideTheLibc, AgreeOnEveryShortTextOfTheCharactersThatMatter)
     const int all = 4 * (13 + 13 * 13 + 13 * 13 * 13 + 13 * 13 * 13 * 13);
     EXPECT_EQ(compared.inSigned, all);
     EXPECT_EQ(compared.inUnsigned, all);
+}
+
+TEST(NumbersBesideTheLibc, AgreeOnEveryByteInEveryBase)
+{
+    Compared compared;
+    for (int base = 2; base <= 36; ++base) {
+        for (int c = 1; c <= 255; ++c) {
+            const char byte = static_cast<char>(c);
+            for (const std::string& text : {std::string(1, byte), std::string("1") + byte, std::string("1") + byte + '1'})
+                compareWithLibc(text, base, compared);
+        }
+    }
+    EXPECT_EQ(compared.inSigned, 35 * 255 * 3);
+    EXPECT_EQ(compared.inUnsigned, 35 * 255 * 3);
 }
 
 TEST(NumbersBesideTheLibc, AgreeOnNumbersOfEverySizeWithAnythingAround)

@@ -2,6 +2,7 @@ ipsecimpl_test(test_xml
   xml/parse_error.cpp
   xml/tags.cpp
   xml/writing.cpp
+  xml/writing_lengths.cpp
   xml/xml_parser_attributes.cpp
   xml/xml_parser_bytes.cpp
   xml/xml_parser_content.cpp

@@ -2,9 +2,12 @@
 
 #include "document.h"
 
+#include <cstddef>
 #include <functional>
 #include <ios>
 #include <istream>
+#include <ostream>
+#include <sstream>
 #include <stdexcept>
 #include <streambuf>
 #include <string>
@@ -155,6 +158,79 @@ TEST(StreamState, IsBadWhereTheBufferThrowsInsteadOfGivingWhatItHasShown)
     std::string       name;
     EXPECT_FALSE(XMLParser(in).parse_name(name));
     EXPECT_EQ(in.rdstate(), std::ios_base::badbit | std::ios_base::failbit);
+}
+
+/// Shows what is next, and gives some of it.
+class TakingBackBuffer : public std::streambuf {
+  public:
+    /// Shows one character of `shown` after the other, gives those of `given`, and ends for once in between.
+    TakingBackBuffer(std::string shown, std::size_t given)
+        : shown_(std::move(shown))
+        , given_(given)
+    {
+    }
+
+  protected:
+    int_type underflow() override
+    {
+        return next_ == shown_.size() ? traits_type::eof() : traits_type::to_int_type(shown_[next_]);
+    }
+
+    int_type uflow() override
+    {
+        const int_type c = underflow();
+        return next_++ == given_ ? traits_type::eof() : c;
+    }
+
+  private:
+    std::string shown_;
+    std::size_t given_;
+    std::size_t next_ = 0;
+};
+
+TEST(StreamState, IsThatOfAnEndWhereABufferWithdrawsAndGoesOn)
+{
+    for (const std::size_t given : {0U, 1U, 2U, 3U}) {
+        TakingBackBuffer buffer("  xy<", given);
+        std::istream     in(&buffer);
+        XMLParser        parser(in);
+        std::string      data;
+        EXPECT_EQ(errorOf([&] { parser.parse_data(data); }), "parse_data: unmatched tag ''") << given;
+        EXPECT_EQ(data, given == 3 ? "x" : "") << given;
+        EXPECT_EQ(in.rdstate() & (eof | bad), eof) << given;
+    }
+}
+
+TEST(TiedStream, IsFlushedBeforeItsParserReads)
+{
+    for (auto* call : {parseName, parseTag, parseData, parseBody}) {
+        FlushRecorder      sink;
+        std::ostream       prompt(&sink);
+        std::istringstream in("<a>");
+        in.tie(&prompt);
+        XMLParser parser(in);
+        prompt << "> ";
+        EXPECT_TRUE(sink.pieces().empty());
+        try {
+            call(parser);
+        } catch (const ParseError&) { // the other stream is what is looked at
+        }
+        EXPECT_EQ(sink.pieces(), std::vector<std::string>{"> "});
+    }
+}
+
+TEST(TiedStream, IsReadAsAnyOtherAndSkipsNoWhiteSpaceByItself)
+{
+    std::ostringstream prompt;
+    std::istringstream in(" a");
+    in.tie(&prompt);
+    XMLParser parser(in);
+    in.setf(std::ios_base::skipws);
+    std::string name;
+    EXPECT_FALSE(parser.parse_name(name));
+    EXPECT_EQ(in.get(), ' ');
+    EXPECT_TRUE(parser.parse_name(name));
+    EXPECT_EQ(name, "a");
 }
 
 } // namespace

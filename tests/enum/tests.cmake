@@ -5,3 +5,9 @@ ipsecimpl_test(test_enum
   enum/action_enums.cpp
   enum/host_enums.cpp
   enum/protocol_enums.cpp)
+
+target_sources(test_inside PRIVATE
+  enum/read_enum.cpp
+  ${PROJECT_SOURCE_DIR}/src/enum/read_enum.cpp
+  ${PROJECT_SOURCE_DIR}/src/xml/element.cpp
+  ${PROJECT_SOURCE_DIR}/src/xml/input.cpp)

@@ -13,12 +13,12 @@ ipsecimpl_test(test_xml
   xml/xml_parser_streams.cpp
   xml/xml_parser_tags.cpp)
 
-# A program of its own: what is internal is not exported by the library, so that it is compiled in.
-ipsecimpl_test(test_xml_inside
+# A program of its own: what is internal is not exported by the library, so that it is compiled in. Other folders add theirs.
+ipsecimpl_test(test_inside
   xml/character.cpp
   xml/number_libc.cpp
   xml/number.cpp
   xml/short_bytes.cpp
   xml/written_form.cpp
   ${PROJECT_SOURCE_DIR}/src/xml/number.cpp)
-target_include_directories(test_xml_inside PRIVATE ${PROJECT_SOURCE_DIR}/src)
+target_include_directories(test_inside PRIVATE ${PROJECT_SOURCE_DIR}/src)

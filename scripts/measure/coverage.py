@@ -2,8 +2,9 @@
 
     coverage.py EXPORT EXCLUSIONS
 
-EXPORT is what `llvm-cov export` wrote. A line or branch that is in several places, as in the instantiations of a template
-or in inline functions of several programs, counts as covered where the places together cover it. In EXCLUSIONS a line
+EXPORT is what `llvm-cov export` wrote. A line or branch that is in several places, as in the instantiations of a
+template or in inline functions of several programs, counts as covered where the places together cover it. In EXCLUSIONS
+a line
 
     FILE: SOURCE LINE
 
@@ -32,7 +33,7 @@ class Counts:
         self.branches = collections.Counter()
 
     def add_function(self, regions, branches):
-        # A line is run as often as the innermost region that begins at or before it, and ends at or after its beginning.
+        # A line is run as often as the innermost region that begins at or before it, and ends behind it.
         code = [r for r in regions if r[7] == 0]
         first, last = min(r[0] for r in code), max(r[2] for r in code)
         for line in range(first, last + 1):

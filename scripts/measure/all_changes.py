@@ -3,6 +3,7 @@ mutant_server.cpp. To try a change takes no compiler and no new program then, an
 
 import os
 import re
+import shutil
 import subprocess
 
 from library import INSIDE, ROOT, TESTS, WORK
@@ -20,7 +21,8 @@ class AllChanges:
         self.library = library
         self.folder = WORK / "all"
         self.overlay = self.folder / "overlay"
-        self.overlay.mkdir(parents=True, exist_ok=True)
+        shutil.rmtree(self.overlay, ignore_errors=True)  # with the numbers of another run
+        self.overlay.mkdir(parents=True)
         (self.folder / "prelude.h").write_text(PRELUDE)
         self.numbers = {(i.mutant.file, i.change): n for n, i in enumerate(items, 1)}
         self.items = dict(enumerate(items, 1))

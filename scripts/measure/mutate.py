@@ -20,7 +20,7 @@ from library import INSIDE, ROOT, WORK, Library, Worker
 PAGE = ROOT / "docs/reliability-mutants.md"
 RESULTS = WORK / "results.tsv"
 ALONE = "to be tried alone"
-QUICK = 3  # seconds of processor time
+QUICK = 0.75  # seconds of processor time
 
 # What a change is known by: it stays so when lines above it come or go.
 Mutant = collections.namedtuple("Mutant", "file was becomes number")

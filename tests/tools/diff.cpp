@@ -45,7 +45,8 @@ TEST_F(Diff, LooksAtWhatDocumentsMeanAndNotAtTheirForm)
                     entry("hostGroup", 2, group("hostGroup", "b", "", selectors + "1" + end + selectors + "2" + end))),
            "<ipsec>\n<hostGroups><nexthostGroup>2</nexthostGroup>" +
                entry("hostGroup", 2, group("hostGroup", " b\n", "", selectors + "2" + end + selectors + "1" + end)) +
-               "<hostGroupEntry><id value='01'/><hostGroup><name value='a'/><builtinName/><descr/><builtinDescr>0x0"
+               "<hostGroupEntry><id value='01'/><hostGroup><name "
+               "value='a'/><builtinName>+0</builtinName><descr/><builtinDescr>0x0"
                "</builtinDescr><selectors/></hostGroup></hostGroupEntry></hostGroups><protocolGroups/><actions/>"
                "<policies/></ipsec>"),
         printed(""));

@@ -82,8 +82,11 @@ const char NAMELESS[] = "a document cannot hold a selector without a name";
 
 std::string described(const std::string& descr)
 {
-    return "<actionEntry><id>1</id><action><changeCount/><name/><builtinName/><descr value='" + descr +
-           "'/><builtinDescr/><type/><state/><spdAction>NONE</spdAction></action></actionEntry>";
+    return "<actionEntry><id>1</id><action><changeCount>0</changeCount><name/><builtinName>0</builtinName><descr "
+           "value='" +
+           descr +
+           "'/><builtinDescr>0</builtinDescr><type>0</type><state>0</state><spdAction>NONE</spdAction></action></"
+           "actionEntry>";
 }
 
 std::string withHosts(const std::string& selector)

@@ -204,10 +204,11 @@ TEST_F(EditStoring, RefusesADocumentThatDoesNotLoad)
 
 std::string lossy()
 {
-    return document(entry("hostGroup", 1,
-                          "<hostGroup><name value='a<b'/><builtinName/><descr/><builtinDescr/><selectors>"
-                          "<hostSelector><family>AF_INET</family><selectorType>SINGLE</selectorType>"
-                          "<addr1 value='c<d'/></hostSelector></selectors></hostGroup>"));
+    return document(entry(
+        "hostGroup", 1,
+        "<hostGroup><name value='a<b'/><builtinName>0</builtinName><descr/><builtinDescr>0</builtinDescr><selectors>"
+        "<hostSelector><family>AF_INET</family><selectorType>SINGLE</selectorType>"
+        "<addr1 value='c<d'/></hostSelector></selectors></hostGroup>"));
 }
 
 TEST_F(EditStoring, RefusesToDropWhatCannotBeStored)

@@ -32,10 +32,11 @@ INSTANTIATE_TEST_SUITE_P(Format, FormatExample,
 
 TEST(Format, TurnsEveryFormThatIsReadIntoTheWrittenOne)
 {
-    EXPECT_EQ(run({"format", "-"}, "  <ipsec >\n<hostGroups/><protocolGroups><nextprotocolGroup>3</nextprotocolGroup>"
-                                   "</protocolGroups><actions></actions><policies><policyEntry><id value='7'/>"
-                                   "<policy><hostGroupID>0x10</hostGroupID><protocolGroupID value=\"2\"/><actionID/>"
-                                   "</policy></policyEntry></policies></ipsec>\v \n"),
+    EXPECT_EQ(run({"format", "-"},
+                  "  <ipsec >\n<hostGroups/><protocolGroups><nextprotocolGroup>3</nextprotocolGroup>"
+                  "</protocolGroups><actions></actions><policies><policyEntry><id value='7'/>"
+                  "<policy><hostGroupID>0x10</hostGroupID><protocolGroupID value=\"2\"/><actionID>+0</actionID>"
+                  "</policy></policyEntry></policies></ipsec>\v \n"),
               printed("<ipsec>\n<hostGroups>\n<nexthostGroup>1</nexthostGroup>\n</hostGroups>\n<protocolGroups>\n"
                       "<nextprotocolGroup>3</nextprotocolGroup>\n</protocolGroups>\n<actions>\n"
                       "<nextaction>1</nextaction>\n</actions>\n<policies>\n<nextpolicy>8</nextpolicy>\n<policyEntry>\n"
@@ -62,15 +63,69 @@ TEST(Format, KeepsWhatNobodyCanChangeThroughTheLibrary)
 // To store it would make that for good, and nobody could see it any more.
 TEST(Format, RefusesWhatWasNotUnderstoodAsWrittenUnlessForced)
 {
-    const std::string misread = document("", "", "",
-                                         entry("policy", 1,
-                                               "<policy><hostGroupID>1x</hostGroupID><protocolGroupID>Web</protocolGroupID>"
-                                               "<actionID>0x1</actionID></policy>"));
+    const std::string misread =
+        document("", "", "",
+                 entry("policy", 1,
+                       "<policy><hostGroupID>1x</hostGroupID><protocolGroupID>Web</protocolGroupID>"
+                       "<actionID>0x1</actionID></policy>"));
     EXPECT_EQ(run({"format", "-"}, misread),
               refused("standard input:1:139: policies/1/hostGroupID: A text of 2 bytes was read as 1, and what follows "
-                      "the number was ignored. Write the number alone.\nIt is one of 2 values that were not understood as written, and stored it would "
+                      "the number was ignored. Write the number alone.\nIt is one of 2 values that were not understood "
+                      "as written, and stored it would "
                       "stay so. Correct the document, or give --force."));
     EXPECT_EQ(run({"format", "-", "--force"}, misread), printed(rewritten<IPsecConfig>(misread)));
+}
+
+/// A document with a subnet whose prefix length is that element.
+std::string withLength(const std::string& length)
+{
+    return document(entry("hostGroup", 1,
+                          group("hostGroup", "a", "",
+                                "<hostSelector><family>AF_INET</family><selectorType>SUBNET_LENGTH</selectorType>"
+                                "<addr1>10.0.0.0</addr1>" +
+                                    length + "</hostSelector>")));
+}
+
+std::string refusalOf(const std::string& message, const std::string& document, const std::string& place)
+{
+    return "standard input:1:" + std::to_string(document.find(place) + 1) +
+           ": hostGroups/1/selectors/1/length: " + message +
+           "\nIt is the only value that was not understood as written, and stored it would stay so. Correct the "
+           "document, "
+           "or give --force.";
+}
+
+TEST(Format, RefusesOctalNumbersWhichPeopleHardlyMean)
+{
+    const std::string octal = withLength("<length>024</length>");
+    EXPECT_EQ(
+        run({"format", "-"}, octal),
+        refused(refusalOf("'024' was read as 20, because a leading 0 makes it octal. Write it without the leading 0.",
+                          octal, "024")));
+    EXPECT_EQ(run({"format", "-", "--force"}, octal), printed(rewritten<IPsecConfig>(octal)));
+}
+
+TEST(Format, RefusesEmptyNumbersInEveryForm)
+{
+    for (const std::string length : {"<length></length>", "<length/>", "<length value=''/>", "<length> </length>"}) {
+        const std::string empty = withLength(length);
+        EXPECT_EQ(
+            run({"format", "-"}, empty),
+            refused(refusalOf("An empty text was read as 0, because it does not begin with a number. Write a number.",
+                              empty, "<length")))
+            << length;
+        EXPECT_EQ(run({"format", "-", "--force"}, empty), printed(rewritten<IPsecConfig>(empty))) << length;
+    }
+}
+
+TEST(Format, TakesOtherSpellingsOfTheSameNumber)
+{
+    for (const std::string number : {"+7", " 7 ", "0x7", "07", "7"}) {
+        const std::string spelt = withLength("<length>" + number + "</length>");
+        EXPECT_EQ(run({"format", "-"}, spelt), printed(rewritten<IPsecConfig>(withLength("<length>7</length>"))))
+            << number;
+    }
+    EXPECT_EQ(run({"format", "-"}, withLength("<length>00</length>")).status, 0);
 }
 
 TEST(Format, RefusesAPieceOfAKeyInPlaceOfANumberWithoutShowingIt)

@@ -65,9 +65,11 @@ TEST_F(FormatCheck, EscapesTheFileName)
 
 TEST_F(FormatCheck, RefusesWhatCannotBeWrittenBack)
 {
-    writeFile("in.xml", document(entry("hostGroup", 1,
-                                       "<hostGroup><name value='a<b'/><builtinName/><descr/><builtinDescr/>"
-                                       "<selectors/></hostGroup>")));
+    writeFile("in.xml",
+              document(entry(
+                  "hostGroup", 1,
+                  "<hostGroup><name value='a<b'/><builtinName>0</builtinName><descr/><builtinDescr>0</builtinDescr>"
+                  "<selectors/></hostGroup>")));
     EXPECT_EQ(run({"format", "--check", "in.xml"}), run({"format", "in.xml"}));
 }
 

@@ -79,9 +79,10 @@ TEST_F(FormatInPlace, LeavesWhatDoesNotLoadAsItIs)
 
 TEST_F(FormatInPlace, LeavesWhatCannotBeWrittenBackAsItIs)
 {
-    const std::string lossy = document(entry("hostGroup", 1,
-                                             "<hostGroup><name value='a<b'/><builtinName/><descr/><builtinDescr/>"
-                                             "<selectors/></hostGroup>"));
+    const std::string lossy = document(
+        entry("hostGroup", 1,
+              "<hostGroup><name value='a<b'/><builtinName>0</builtinName><descr/><builtinDescr>0</builtinDescr>"
+              "<selectors/></hostGroup>"));
     writeFile("in.xml", lossy);
     EXPECT_EQ(run({"format", "--in-place", "in.xml"}), run({"format", "in.xml"}));
     EXPECT_EQ(contentOf("in.xml"), lossy);

@@ -146,9 +146,10 @@ TEST_F(FormatOutput, IsLeftAloneWhenTheDocumentDoesNotLoad)
 
 TEST_F(FormatOutput, IsLeftAloneWhenTheDocumentCannotBeStored)
 {
-    const std::string lossy = document(entry("hostGroup", 1,
-                                             "<hostGroup><name value='a<b'/><builtinName/><descr/><builtinDescr/>"
-                                             "<selectors/></hostGroup>"));
+    const std::string lossy = document(
+        entry("hostGroup", 1,
+              "<hostGroup><name value='a<b'/><builtinName>0</builtinName><descr/><builtinDescr>0</builtinDescr>"
+              "<selectors/></hostGroup>"));
     writeFile("in.xml", lossy);
     EXPECT_EQ(run({"format", "in.xml", "-o", "in.xml"}).status, 1);
     EXPECT_EQ(contentOf("in.xml"), lossy);

@@ -56,6 +56,19 @@ TEST_F(MisreadNotice, IsNotForOtherSpellingsOfAValue)
     EXPECT_EQ(run({"show", "-"}, text).err, "");
 }
 
+TEST_F(MisreadNotice, IsForOctalAndEmptyNumbers)
+{
+    std::string text = misreading(0);
+    text.replace(text.find("<hostGroupID>1<"), 15, "<hostGroupID>010<");
+    EXPECT_EQ(run({"show", "-"}, text).err, notice("standard input: 1 value was"));
+    EXPECT_EQ(run({"graph", "-"}, text).err, notice("standard input: 1 value was"));
+    text.replace(text.find("<actionID>3</actionID>"), 22, "<actionID/>");
+    EXPECT_EQ(run({"show", "-"}, text).err, notice("standard input: 2 values were"));
+    writeFile("a.xml", text);
+    writeFile("b.xml", misreading(0));
+    EXPECT_EQ(run({"diff", "a.xml", "b.xml"}).err, notice("a.xml: 2 values were"));
+}
+
 TEST_F(MisreadNotice, IsNotForDocumentsThatTakeLongToCompare)
 {
     const std::string fill(256 * 1024, '\n');

@@ -259,8 +259,8 @@ const Command EDIT_COMMAND = {
     "although 'check' would find something in it, such as an end point that is no\n"
     "address, is done as it was said, and told on standard error.\n\n"
     "A document with a value that was not understood as written, such as a number\n"
-    "with something behind it, is refused unless --force is given: storing would\n"
-    "make that for good.",
+    "with something behind it, an octal or an empty one, is refused unless --force is\n"
+    "given: storing would make that for good.",
     "ipsec-policy edit policy.xml -e 'add host-group Berlin selectors=10.2.0.0/16'\n"
     "ipsec-policy edit policy.xml -e 'set action 4 ikePhase1/presharedKey=?'\n"
     "ipsec-policy edit policy.xml --dry-run branch.edit\n"

@@ -4,19 +4,12 @@
 #include "understood_rules.h"
 
 #include <algorithm>
-#include <iterator>
 #include <map>
 #include <string>
 #include <string_view>
 #include <tuple>
 
 namespace {
-
-const Rule* const CHANGING[] = {
-    &understood::NO_NUMBER,        &understood::NUMBER_CUT_SHORT, &understood::NEGATIVE_NUMBER,
-    &understood::NUMBER_TOO_LARGE, &understood::NUMBER_TRUNCATED, &understood::VALUE_CHANGED,
-    &understood::OCTAL_NUMBER,
-};
 
 using Field  = std::tuple<Kind, unsigned int, std::string_view>;
 using Causes = std::map<Field, Level>;
@@ -25,7 +18,7 @@ Causes causesIn(const Findings& understood)
 {
     Causes causes;
     for (const Finding& finding : understood)
-        if (std::find(std::begin(CHANGING), std::end(CHANGING), finding.rule) != std::end(CHANGING))
+        if (understood::isOfAnotherNumber(*finding.rule))
             causes.emplace(Field(finding.path.kind, finding.path.id, finding.path.field), finding.rule->level);
     return causes;
 }

@@ -7,6 +7,7 @@
 #include "source.h"
 #include "text.h"
 #include "understood.h"
+#include "understood_rules.h"
 
 #include <algorithm>
 
@@ -14,10 +15,11 @@ using namespace ipsecimpl;
 
 namespace {
 
-/// Whether storing the configuration would lose what stands in the document. An element without a text says nothing.
-bool isLoss(const Finding& finding, std::string_view document)
+/// Whether storing the configuration would lose what stands in the document. That is no matter of the level: an octal
+/// number is a warning only, as it may be meant, but nobody could see it any more.
+bool isLoss(const Finding& finding)
 {
-    return finding.rule->level == Level::ERROR && document[finding.offset] != '<';
+    return understood::isOfAnotherNumber(*finding.rule);
 }
 
 std::string placeOf(const Finding& finding, std::string_view document)
@@ -29,9 +31,7 @@ Findings lossesIn(std::string_view document, const IPsecConfig& config)
 {
     Findings findings;
     checkUnderstood(Source(document, config), findings);
-    findings.erase(std::partition(findings.begin(), findings.end(),
-                                  [document](const Finding& finding) { return isLoss(finding, document); }),
-                   findings.end());
+    findings.erase(std::partition(findings.begin(), findings.end(), isLoss), findings.end());
     return findings;
 }
 

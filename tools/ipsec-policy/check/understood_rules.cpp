@@ -2,6 +2,9 @@
 
 #include "understood.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace understood {
 
 const Rule NO_NUMBER = {
@@ -163,6 +166,15 @@ const Rule NEXT_ID_REPEATED = {
     "others.",
     "",
 };
+
+bool isOfAnotherNumber(const Rule& rule)
+{
+    const Rule* const CHANGING[] = {
+        &NO_NUMBER,        &NUMBER_CUT_SHORT, &NEGATIVE_NUMBER, &NUMBER_TOO_LARGE,
+        &NUMBER_TRUNCATED, &VALUE_CHANGED,    &OCTAL_NUMBER,
+    };
+    return std::find(std::begin(CHANGING), std::end(CHANGING), &rule) != std::end(CHANGING);
+}
 
 } // namespace understood
 

@@ -23,6 +23,9 @@ extern const Rule DUPLICATE_SELECTOR;
 extern const Rule NEXT_ID_RAISED;
 extern const Rule NEXT_ID_REPEATED;
 
+/// Whether a finding of the rule says that a number became another one, whatever its level: an octal one may be meant.
+bool isOfAnotherNumber(const Rule& rule);
+
 } // namespace understood
 
 #endif

@@ -64,6 +64,18 @@ const Refusal COMMANDS[] = {
     {"add host-group 'x",               "a quote is not closed"},
     {"add protocol-group x selectors=tcp/80-90",
                                         "'80-90' is no port: a selector has one, or any, but no range"},
+    {"add protocol-group a selectors=tcp/80,22",
+                                        "ports cannot be listed: write tcp/80, tcp/22 (or '22 in/out', if protocol 22 "
+                                        "is meant)"},
+    {"add protocol-group a selectors=tcp/80,443", "ports cannot be listed: write tcp/80, tcp/443"},
+    {"add selector protocol-group http sctp/1 out named x, 20-25",
+                                        "ports cannot be listed, and there are no ranges: each port is a selector of its "
+                                        "own"},
+    {"add selector protocol-group http udp from 500, 4500",
+                                        "ports cannot be listed: write udp from 500, udp from 4500"},
+    {"remove selector protocol-group http tcp/80,22",
+                                        "ports cannot be listed: write tcp/80, tcp/22 (or '22 in/out', if protocol 22 "
+                                        "is meant)"},
     {"add host-group \"\\q\"",          "an escape in quotes is none of \\\" \\\\ \\n \\r \\t \\xHH \\u{H...}"},
     {"add host-group \" x\"",           "name" + WHITE},
     {"add host-group \"x\\n\"",         "name" + WHITE},

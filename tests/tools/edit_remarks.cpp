@@ -68,7 +68,7 @@ TEST_F(EditRemarks, TellOfAddressesWithBitsBehindTheirPrefix)
 TEST_F(EditRemarks, TellOfPortsOfProtocolsWithoutThem)
 {
     expectRemarks({"add selector protocol-group http tcp/80, icmp/8", "add protocol-group b selectors=esp/1,icmpv6",
-                   "add selector protocol-group b tcp/80,443"},
+                   "add selector protocol-group b tcp/80,tcp,443"},
                   {"-e:1: " + TAKEN + "ICMP has no ports: some systems take the number for its type, others refuse it.",
                    "-e:2: " + TAKEN + "Protocol 50 has no ports. Write 0, or correct the protocol. [meaningless-port]",
                    "-e:3: " + TAKEN +

@@ -10,14 +10,24 @@ using namespace ipsecimpl;
 
 namespace {
 
-HostSelector read(std::string_view text, const HostGroup&)
+/// The selectors in a list, in its order.
+std::vector<HostSelector> read(const std::vector<std::string_view>& texts, const HostGroup&)
 {
-    return readHostSelector(text);
+    std::vector<HostSelector> selectors;
+    for (const std::string_view text : texts)
+        selectors.push_back(readHostSelector(text));
+    return selectors;
 }
 
-ProtocolSelector read(std::string_view text, const ProtocolGroup&)
+std::vector<ProtocolSelector> read(const std::vector<std::string_view>& texts, const ProtocolGroup&)
 {
-    return readProtocolSelector(text);
+    std::vector<ProtocolSelector> selectors;
+    for (const std::string_view text : texts) {
+        if (!selectors.empty())
+            refuseListedPort(selectors.back(), text);
+        selectors.push_back(readProtocolSelector(text));
+    }
+    return selectors;
 }
 
 void requireStorableTexts(const HostSelector& selector)
@@ -36,8 +46,7 @@ void requireStorableTexts(const ProtocolSelector& selector)
 template <class Group>
 void add(Group& group, const std::vector<std::string_view>& texts)
 {
-    for (const std::string_view text : texts) {
-        const auto selector = read(text, group);
+    for (const auto& selector : read(texts, group)) {
         requireStorableTexts(selector);
         if (!group.selectors.insert(selector).second)
             throw commandFailure("the selector is there already: " + textOf(*group.selectors.find(selector)));
@@ -47,8 +56,8 @@ void add(Group& group, const std::vector<std::string_view>& texts)
 template <class Group>
 void remove(Group& group, const std::vector<std::string_view>& texts)
 {
-    for (const std::string_view text : texts)
-        if (const auto selector = read(text, group); group.selectors.erase(selector) == 0)
+    for (const auto& selector : read(texts, group))
+        if (group.selectors.erase(selector) == 0)
             throw commandFailure("there is no such selector: " + textOf(selector));
 }
 

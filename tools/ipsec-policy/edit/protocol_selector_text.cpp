@@ -128,6 +128,21 @@ std::string protocolText(unsigned short number)
 
 } // namespace
 
+void refuseListedPort(const ProtocolSelector& before, std::string_view text)
+{
+    const bool        isSource = before.dstPort == 0;
+    const auto        port     = isSource ? before.srcPort : before.dstPort;
+    const std::string number   = std::string(text);
+    if (port != 0 && isRange(number))
+        throw commandFailure("ports cannot be listed, and there are no ranges: each port is a selector of its own");
+    const auto listed = plainNumber(number);
+    if (port == 0 || !listed || *listed < 0 || *listed > 0xFFFF)
+        return;
+    const std::string start = protocolText(before.protocol) + (isSource ? " from " : "/");
+    throw commandFailure("ports cannot be listed: write " + start + std::to_string(port) + ", " + start + number +
+                         (*listed <= 255 ? " (or '" + number + " in/out', if protocol " + number + " is meant)" : ""));
+}
+
 std::string textOf(const ProtocolSelector& selector)
 {
     std::string text = protocolText(selector.protocol);

@@ -23,6 +23,10 @@ std::string textOf(const ipsecimpl::ProtocolSelector& selector);
 /// @{
 ipsecimpl::HostSelector     readHostSelector(std::string_view text);
 ipsecimpl::ProtocolSelector readProtocolSelector(std::string_view text);
+
+/// Throws for a member of a list that is a number or a range alone and stands right behind a selector with a port: the
+/// number would be a protocol, but hardly anybody means one.
+void refuseListedPort(const ipsecimpl::ProtocolSelector& before, std::string_view text);
 /// @}
 
 #endif

@@ -99,8 +99,9 @@ TEST_F(EditSecrets, AreLiteralElse)
 
 TEST_F(EditSecrets, AreRefusedWhereThereIsNone)
 {
-    const std::string named   = "-e:1: the file named behind '@': ";
-    const std::string without = " (a key itself stands there without '@')";
+    const std::string named = "-e:1: the file for ikePhase1/presharedKey: ";
+    const std::string without =
+        " (a key itself stands there without '@', or in quotes if it begins with one: =\"@...\")";
     writeFile("empty", "");
     writeFile("line end", "\n");
     EXPECT_EQ(edit({FIELD + "@empty"}), troubled(named + "there is no key in it"));
@@ -112,11 +113,36 @@ TEST_F(EditSecrets, AreRefusedWhereThereIsNone)
     writeFile("binary", std::string("a\0b", 3));
     EXPECT_EQ(edit({FIELD + "@binary"}), troubled(named + "a key is a text, this has NUL characters"));
     EXPECT_EQ(edit({FIELD + "@none"}), troubled(named + "No such file or directory" + without));
-    EXPECT_EQ(edit({FIELD + "@"}), troubled(named + "No such file or directory" + without));
+    for (const std::string nothing : {"@", "@\"\"", "@''"})
+        EXPECT_EQ(edit({FIELD + nothing}),
+                  troubled("-e:1: ikePhase1/presharedKey: a file's name is missing behind '@'"))
+            << nothing;
+    EXPECT_EQ(edit({FIELD + "@~/none"}),
+              troubled(named + "No such file or directory ('~' is not replaced by the home folder: write that folder's "
+                               "name)"));
     EXPECT_EQ(edit({FIELD + "@."}), troubled(named + "Is a directory"));
     EXPECT_EQ(run({"edit", "p.xml", "-e", FIELD + "@-"}, "", [] { close(STDIN_FILENO); }),
               troubled("-e:1: standard input: Bad file descriptor"));
     expectOldKey();
+}
+
+TEST_F(EditSecrets, AreToldApartByTheirFields)
+{
+    writeFile("key", "k");
+    EXPECT_EQ(edit({"set action 1 keyMgr=MKM manualKey/saProposal/protocol=ESP manualKey/saProposal/encryption=2 "
+                    "manualKey/inboundDecrKey=@key manualKey/outboundEncrKey=@none"}),
+              troubled("-e:1: the file for manualKey/outboundEncrKey: No such file or directory (a key itself stands "
+                       "there without '@', or in quotes if it begins with one: =\"@...\")"));
+    expectOldKey();
+}
+
+TEST_F(EditSecrets, BeginWithAnAtSignAsTheHintSays)
+{
+    for (const std::string value : {"\"@kEy\"", "'@kEy'"}) {
+        hold(withKey("old"));
+        EXPECT_EQ(edit({FIELD + value}), printed("")) << value;
+        expectKey("@kEy");
+    }
 }
 
 TEST_F(EditSecrets, AreRefusedIfADocumentCannotHoldThem)

@@ -89,7 +89,7 @@ TEST_F(MaxSize, IsNotOfferedForOtherFiles)
               troubled("standard input: larger than 64 MiB (the limit for a script)"));
     EXPECT_EQ(
         run({"edit", "in.xml", "-e", "add action x spdAction=TRANSPORT keyMgr=IKE ikePhase1/presharedKey=@large"}),
-        troubled("-e:1: the file named behind '@': larger than 64 MiB (the limit for a key file)"));
+        troubled("-e:1: the file for ikePhase1/presharedKey: larger than 64 MiB (the limit for a key file)"));
     EXPECT_EQ(run({"check", "in.xml", "--algorithms=large"}), troubled(tooLargeFor + "list of algorithms)"));
 }
 

@@ -105,7 +105,7 @@ std::string GivenValue::text() const
 
 std::string GivenValue::secret() const
 {
-    std::string text = secrets_->read(spelt_, std::string(field_) + " of " + *owner_);
+    std::string text = secrets_->read(spelt_, std::string(field_), *owner_);
     requireStorable(text, std::string(field_));
     return text;
 }

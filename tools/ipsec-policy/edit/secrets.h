@@ -14,14 +14,14 @@ class Secrets {
     }
 
     /// What `value`, as it was spelt in a command, stands for: the text of a file, what is asked for on the terminal,
-    /// or the value itself. `what` tells the operator what to type, such as "ikePhase1/presharedKey of action 'x'", and
-    /// is fit for a terminal.
+    /// or the value itself. `field`, such as "ikePhase1/presharedKey", and `owner`, such as "action 'x'", tell the
+    /// operator what to type, and are fit for a terminal.
     ///
     /// Throws a Failure if the file cannot be read or is empty, or there is no terminal.
-    std::string read(std::string_view value, const std::string& what);
+    std::string read(std::string_view value, const std::string& field, const std::string& owner);
 
   private:
-    std::string fromFile(const std::string& fileName);
+    std::string fromFile(const std::string& fileName, const std::string& field);
 
     bool inputIsTaken_;
 };

@@ -280,6 +280,8 @@ const WrongUsage WRONG_USAGES[] = {
     {{"edit"},                             "edit",   "FILE is required"},
     {{"edit", "a"},                        "edit",   "commands are required, with -e or in a SCRIPT (not both)"},
     {{"edit", "a", "b", "-e", "c"},        "edit",   "commands are required, with -e or in a SCRIPT (not both)"},
+    {{"edit", "a", "--backup", "b", "-e", "c"}, "edit",
+     "commands are required, with -e or in a SCRIPT (not both); a backup is named by --backup=NAME, in one word"},
     {{"edit", "a", "b", "c"},              "edit",   "unexpected argument (a command with blanks must be in quotes)"},
     {{"edit", "a", "-e", "b", "c", "d"},   "edit",   "unexpected argument (a command with blanks must be in quotes)"},
     {{"edit", "a", "set action 1 ikePhase1/presharedKey=x"}, "edit", COMMAND_FOR_FILE},

@@ -312,6 +312,23 @@ TEST_F(Editing, DoesWhatTheManualShows)
 {
     const std::string FENCE  = "```\n";
     const std::string manual = contentOf(EXAMPLES_DIR "/../docs/edit.md");
+TEST_F(Editing, RefusesAByteOrderMarkInAScript)
+{
+    hold(document());
+    writeFile("bom.edit", "\xef\xbb\xbf"
+                          "add host-group a\n");
+    EXPECT_EQ(
+        run({"edit", "p.xml", "bom.edit"}),
+        troubled("bom.edit:1: a byte order mark stands here, which cannot be seen: save the script as UTF-8 without "
+                 "one"));
+    for (const std::string mark : {"\xff\xfe", "\xfe\xff"})
+        EXPECT_EQ(
+            run({"edit", "p.xml", "-"}, mark + std::string("a\0d\0d\0", 6)),
+            troubled("standard input:1: a byte order mark of UTF-16 stands here: save the script as UTF-8 without "
+                     "one"));
+    EXPECT_EQ(contentOf("p.xml"), writtenForm(document()));
+}
+
     const std::size_t begin  = manual.find(FENCE) + FENCE.size();
     writeFile("policy.edit", manual.substr(begin, manual.find(FENCE, begin) - begin));
     writeFile("berlin.key", "secret\n");

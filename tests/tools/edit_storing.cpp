@@ -113,6 +113,9 @@ TEST_F(EditStoring, BackupTakesNoNameFromTheNextWord)
 {
     EXPECT_EQ(run({"edit", "--backup", "p.xml", "-e", RENAME}), printed(""));
     EXPECT_EQ(contentOf("p.xml~"), writtenForm(BEFORE));
+    const std::string hint = "; a backup is named by --backup=NAME, in one word";
+    EXPECT_EQ(run({"edit", "p.xml", "--backup", "b2"}), troubled("b2: No such file or directory" + hint));
+    EXPECT_EQ(run({"edit", "p.xml", "--backup=b1", "b2"}), troubled("b2: No such file or directory"));
 }
 
 TEST_F(EditStoring, IsNotBegunWhereTheOldFileCannotBeKept)

@@ -64,14 +64,27 @@ void refuseMisuse(const Options& options)
         throw usageFailure("edit", "standard input cannot be edited: FILE must be a file");
 }
 
+/// What to try where the name of a backup was perhaps given in a word of its own, which is the file or the script then.
+std::string backupHint(const Options& options)
+{
+    return options.keepsBackup && options.backup.empty() ? "; a backup is named by --backup=NAME, in one word" : "";
+}
+
+std::string scriptText(const Options& options)
+try {
+    return readFileBeside(options.script, "script");
+} catch (const Failure& failure) {
+    throw Failure(failure.status, failure.what() + backupHint(options));
+}
+
 Script scriptOf(const Options& options)
 {
     if (options.commands.empty() == options.script.empty())
-        throw usageFailure("edit", "commands are required, with -e or in a SCRIPT (not both)");
+        throw usageFailure("edit", "commands are required, with -e or in a SCRIPT (not both)" + backupHint(options));
     if (isStandardStream(options.script))
         return {"standard input", readFileBeside(options.script, "script")};
     if (!options.script.empty())
-        return {printable(options.script), readFileBeside(options.script, "script")};
+        return {printable(options.script), scriptText(options)};
 
     std::string text;
     for (const std::string& command : options.commands)

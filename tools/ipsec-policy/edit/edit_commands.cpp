@@ -67,11 +67,22 @@ std::string policySentence(const std::vector<unsigned int>& ids)
     return shown == ids.size() ? text : text + " and " + std::to_string(ids.size() - shown) + " more";
 }
 
+/// Some editors of texts put one at the start. It cannot be seen, and would be taken for a piece of the first word.
+void refuseByteOrderMark(std::string_view line)
+{
+    if (line.substr(0, 3) == "\xef\xbb\xbf")
+        throw commandFailure(
+            "a byte order mark stands here, which cannot be seen: save the script as UTF-8 without one");
+    if (line.substr(0, 2) == "\xff\xfe" || line.substr(0, 2) == "\xfe\xff")
+        throw commandFailure("a byte order mark of UTF-16 stands here: save the script as UTF-8 without one");
+}
+
 } // namespace
 
 void Editor::execute(std::string_view line)
 {
     ++line_;
+    refuseByteOrderMark(line);
     if (line.find('\0') != std::string_view::npos)
         throw commandFailure(
             "a NUL character stands here: a script is a text (in double quotes, \\x00 stands for one)");
@@ -199,6 +210,7 @@ void Editor::remove(CommandWords& words)
     const unsigned int id   = takeObject(kind, words);
     const bool         also = words.takeIf("--cascade") || cascade_;
     withCollection(config_, kind, [&](auto& objects) {
+    words.requireEnd(); // a misspelt --cascade is to be told before what it would have allowed
         if (kind != Kind::POLICY) {
             const std::vector<unsigned int> users = config_.policies.index().usersOf(kind, id);
             if (!users.empty() && !also)

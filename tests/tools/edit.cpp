@@ -107,18 +107,33 @@ TEST_F(Editing, AddsAnActionAsTheLibraryMakesIt)
                  document("", "", entry("action", 1, action("x", "", "<spdAction>NONE</spdAction>"))));
 }
 
+std::string namesNone(int line, const std::string& kind)
+{
+    return std::to_string(line) + ": taken as it is: ID 0 is no " + kind +
+           ". Name one that exists, or remove the policy. [no-reference]";
+}
+
+std::string namesMissing(int line, const std::string& kind, const std::string& id)
+{
+    return std::to_string(line) + ": taken as it is: There is no " + kind + " with ID " + id +
+           ". Add it, or name one that exists. [dangling-reference]";
+}
+
 TEST_F(Editing, AddsAPolicyByIDsAndByNames)
 {
     expectEdited(sample(), {"add policy web http pass", "add policy name=mail 1 2", "add policy 0 0 0"},
                  changed(sample(), "</policies>",
                          entry("policy", 4, policy(1, 1, 2)) + entry("policy", 5, policy(4, 1, 2)) +
-                             entry("policy", 6, policy(0, 0, 0)) + "</policies>"));
+                             entry("policy", 6, policy(0, 0, 0)) + "</policies>"),
+                 "", {namesNone(3, "host group"), namesNone(3, "protocol group"), namesNone(3, "action")});
 }
 
 TEST_F(Editing, AddsAPolicyThatRefersToWhatIsMissingIfThatIsSaid)
 {
     expectEdited(sample(), {"add policy missing=2 missing=4294967295 missing=1"},
-                 changed(sample(), "</policies>", entry("policy", 4, policy(2, 4294967295, 1)) + "</policies>"));
+                 changed(sample(), "</policies>", entry("policy", 4, policy(2, 4294967295, 1)) + "</policies>"), "",
+                 {namesMissing(1, "host group", "2"), namesMissing(1, "protocol group", "4294967295"),
+                  namesMissing(1, "action", "1")});
 }
 
 TEST_F(Editing, AddsTheBuiltInObjectsByName)
@@ -155,7 +170,8 @@ TEST_F(Editing, ReplacesAGroupInItsPlace)
 
 TEST_F(Editing, ReplacesAPolicyInItsPlace)
 {
-    expectEdited(sample(), {"replace policy 3 web 0 pass"}, changed(sample(), policy(4, 0, 2), policy(1, 0, 2)));
+    expectEdited(sample(), {"replace policy 3 web 0 pass"}, changed(sample(), policy(4, 0, 2), policy(1, 0, 2)), "",
+                 {namesNone(1, "protocol group")});
 }
 
 TEST_F(Editing, SetsTheFieldsOfAGroup)
@@ -172,8 +188,9 @@ TEST_F(Editing, SetsTheFieldsOfAGroup)
 TEST_F(Editing, SetsTheReferencesOfAPolicy)
 {
     expectEdited(sample(), {"set policy 3 hostGroupID=web protocolGroupID=http actionID=missing=7"},
-                 changed(sample(), policy(4, 0, 2), policy(1, 1, 7)));
-    expectEdited(sample(), {"set policy 3 hostGroupID=0"}, changed(sample(), policy(4, 0, 2), policy(0, 0, 2)));
+                 changed(sample(), policy(4, 0, 2), policy(1, 1, 7)), "", {namesMissing(1, "action", "7")});
+    expectEdited(sample(), {"set policy 3 hostGroupID=0"}, changed(sample(), policy(4, 0, 2), policy(0, 0, 2)), "",
+                 {namesNone(1, "host group")});
 }
 
 TEST_F(Editing, FindsAnObjectByItsNewNameAlone)
@@ -243,9 +260,10 @@ TEST_F(Editing, RemovesThePoliciesTooOnlyIfAskedTo)
 TEST_F(Editing, KnowsWhoUsesWhatAsItChanges)
 {
     hold(sample());
-    EXPECT_EQ(edit({"set policy 1 hostGroupID=mail", "remove host-group web", "replace policy 3 0 0 0",
-                    "add policy 0 http 0", "remove policy 4", "remove protocol-group http --cascade"}),
-              printed("policy 1 is removed with protocol group 1 'http', which it used\n"));
+    EXPECT_EQ(
+        edit({"set policy 1 hostGroupID=mail", "remove host-group web", "replace policy 3 0 0 0", "add policy 0 http 0",
+              "remove policy 4", "remove protocol-group http --cascade", "remove policy 3"}),
+        printed("policy 1 is removed with protocol group 1 'http', which it used\n"));
     expectRefused(sample(), {"set policy 1 hostGroupID=mail", "remove host-group mail"},
                   "host group 4 'mail' is used by policies 1 and 3 (--cascade removes what uses it too)");
 }
@@ -294,6 +312,23 @@ TEST_F(Editing, RefusesAScriptThatIsNoText)
     EXPECT_EQ(contentOf("p.xml"), writtenForm(document()));
 }
 
+TEST_F(Editing, RefusesAByteOrderMarkInAScript)
+{
+    hold(document());
+    writeFile("bom.edit", "\xef\xbb\xbf"
+                          "add host-group a\n");
+    EXPECT_EQ(
+        run({"edit", "p.xml", "bom.edit"}),
+        troubled("bom.edit:1: a byte order mark stands here, which cannot be seen: save the script as UTF-8 without "
+                 "one"));
+    for (const std::string mark : {"\xff\xfe", "\xfe\xff"})
+        EXPECT_EQ(
+            run({"edit", "p.xml", "-"}, mark + std::string("a\0d\0d\0", 6)),
+            troubled("standard input:1: a byte order mark of UTF-16 stands here: save the script as UTF-8 without "
+                     "one"));
+    EXPECT_EQ(contentOf("p.xml"), writtenForm(document()));
+}
+
 TEST_F(Editing, TakesSingleQuotesLikeDoubleOnes)
 {
     hold(document());
@@ -312,23 +347,6 @@ TEST_F(Editing, DoesWhatTheManualShows)
 {
     const std::string FENCE  = "```\n";
     const std::string manual = contentOf(EXAMPLES_DIR "/../docs/edit.md");
-TEST_F(Editing, RefusesAByteOrderMarkInAScript)
-{
-    hold(document());
-    writeFile("bom.edit", "\xef\xbb\xbf"
-                          "add host-group a\n");
-    EXPECT_EQ(
-        run({"edit", "p.xml", "bom.edit"}),
-        troubled("bom.edit:1: a byte order mark stands here, which cannot be seen: save the script as UTF-8 without "
-                 "one"));
-    for (const std::string mark : {"\xff\xfe", "\xfe\xff"})
-        EXPECT_EQ(
-            run({"edit", "p.xml", "-"}, mark + std::string("a\0d\0d\0", 6)),
-            troubled("standard input:1: a byte order mark of UTF-16 stands here: save the script as UTF-8 without "
-                     "one"));
-    EXPECT_EQ(contentOf("p.xml"), writtenForm(document()));
-}
-
     const std::size_t begin  = manual.find(FENCE) + FENCE.size();
     writeFile("policy.edit", manual.substr(begin, manual.find(FENCE, begin) - begin));
     writeFile("berlin.key", "secret\n");

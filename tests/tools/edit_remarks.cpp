@@ -75,6 +75,38 @@ TEST_F(EditRemarks, TellOfPortsOfProtocolsWithoutThem)
                        "443 is no protocol number. Write one from 0 to 255, such as 6 for TCP. [protocol-number]"});
 }
 
+TEST_F(EditRemarks, TellOfPoliciesThatNameWhatDoesNotExist)
+{
+    const std::string none = TAKEN + "ID 0 is no ";
+    const std::string last = ". Name one that exists, or remove the policy. [no-reference]";
+    expectRemarks(
+        {"add policy web http 0", "add policy 0 http tunnel", "set policy 2 hostGroupID=web",
+         "replace policy 2 web 0 missing=9", "set policy 1 actionID=tunnel"},
+        {"-e:4: " + none + "protocol group" + last,
+         "-e:4: " + TAKEN + "There is no action with ID 9. Add it, or name one that exists. [dangling-reference]"});
+    expectRemarks({"set policy 1 actionID=0"}, {"-e:1: " + none + "action" + last});
+}
+
+TEST_F(EditRemarks, AreSilentOfPoliciesThatNameWhatComesLater)
+{
+    expectRemarks({"add policy missing=7 http tunnel", "add host-group later id=7"}, {});
+    expectRemarks({"add policy 0 0 0", "remove policy 2", "set policy 1 hostGroupID=web"}, {});
+}
+
+TEST_F(EditRemarks, TellOfReservedSPIsAndLifetimesOfZero)
+{
+    const std::string reserved = " is reserved. Write 256 or more, and the same at the peer. [reserved-spi]";
+    expectRemarks({"set action 1 keyMgr=MKM manualKey/saProposal/protocol=ESP manualKey/inboundESPSPI=255 "
+                   "manualKey/outboundESPSPI=256"},
+                  {"-e:1: " + TAKEN + "SPI 255" + reserved});
+    expectRemarks({"set action 1 manualKey/outboundESPSPI=0x10"}, {"-e:1: " + TAKEN + "SPI 16" + reserved});
+    const std::string zero = "A lifetime of 0 is no limit, or none at all. Write how long a key may live, such as ";
+    ASSERT_EQ(edit({"set action 1 keyMgr=IKE"}).status, 0);
+    expectRemarks({"set action 1 ikePhase1/proposal/keyLifetime=0", "set action 1 ikePhase2/keyLifetime=0"},
+                  {"-e:1: " + TAKEN + zero + "28800 SECS. [zero-lifetime]",
+                   "-e:2: " + TAKEN + zero + "3600 SECS. [zero-lifetime]"});
+}
+
 TEST_F(EditRemarks, TellOfANameThatAnotherHas)
 {
     const std::string twice =

@@ -39,12 +39,16 @@ class Editing : public InFolder {
         return run(arguments);
     }
 
-    /// The commands turn `before` into `after`, and print `report`.
+    /// The commands turn `before` into `after`, and print `report`; each of `remarks` is told of what they set.
     static void expectEdited(const std::string& before, const std::vector<std::string>& commands,
-                             const std::string& after, const std::string& report = "")
+                             const std::string& after, const std::string& report = "",
+                             const std::vector<std::string>& remarks = {})
     {
+        std::string messages;
+        for (const std::string& remark : remarks)
+            messages += "ipsec-policy: -e:" + remark + "\n";
         hold(before);
-        EXPECT_EQ(edit(commands), printed(report));
+        EXPECT_EQ(edit(commands), (Outcome{0, report, messages}));
         EXPECT_EQ(contentOf("p.xml"), writtenForm(after));
     }
 

@@ -141,13 +141,6 @@ void ActionCheck::checkTransforms(const std::list<IKEPhase1Transform>& transform
 
 void ActionCheck::checkLifetimes(const IKEPhase1Proposal& phase1, const IKEPhase2& phase2)
 {
-    if (phase1.keyLifetime == 0)
-        reportField(ZERO_LIFETIME, {"ikePhase1/proposal/keyLifetime"},
-                    "A lifetime of 0 is no limit, or none at all. Write how long a key may live, such as 28800 SECS.");
-    if (phase2.keyLifetime == 0)
-        reportField(ZERO_LIFETIME, {"ikePhase2/keyLifetime"},
-                    "A lifetime of 0 is no limit, or none at all. Write how long a key may live, such as 3600 SECS.");
-
     if (phase1.keyLifetime == 0) // which may be no limit
         return;
     if (phase1.keyLifetimeUnits == KEYLIFETIME_KB)
@@ -174,6 +167,7 @@ void ActionCheck::check()
         checkPhase1(*phase1);
         if (phase2.proposals.empty())
             reportField(NO_PROPOSALS, {"ikePhase2"}, "Phase 2 offers no SA proposal. Add one.");
+        checkZeroLifetimes(id_, *phase1, phase2, findings_);
         checkLifetimes(phase1->proposalGet(), phase2);
     }
 }
@@ -184,6 +178,16 @@ Rules actionRules()
 {
     return {&NO_KEY_MANAGER, &NO_TRANSFORMS,  &NO_PROPOSALS,     &NONE_TRANSFORM,
             &ZERO_LIFETIME,  &LIFETIME_ORDER, &PHASE1_KILOBYTES, &NO_CREDENTIAL};
+}
+
+void checkZeroLifetimes(unsigned int action, const IKEPhase1& phase1, const IKEPhase2& phase2, Findings& findings)
+{
+    if (phase1.proposalGet().keyLifetime == 0)
+        report(findings, ZERO_LIFETIME, Kind::ACTION, action, {"ikePhase1/proposal/keyLifetime"},
+               "A lifetime of 0 is no limit, or none at all. Write how long a key may live, such as 28800 SECS.");
+    if (phase2.keyLifetime == 0)
+        report(findings, ZERO_LIFETIME, Kind::ACTION, action, {"ikePhase2/keyLifetime"},
+               "A lifetime of 0 is no limit, or none at all. Write how long a key may live, such as 3600 SECS.");
 }
 
 void checkAction(const Entry<IPsecAction>& entry, Findings& findings)

@@ -58,19 +58,6 @@ const Rule NO_SPD_ACTION = {"no-spd-action", Level::ERROR, "An action that polic
                             "Choose BYPASS, DISCARD, TRANSPORT or TUNNEL.",
                             "RFC 4301 section 4.4.1"};
 
-void checkReference(const Tie& tie, Kind kind, const char* field, unsigned int id, bool exists, Findings& findings)
-{
-    if (exists)
-        return;
-    const std::string what = wordsOf(kind).sentence;
-    if (id == 0)
-        report(findings, NOTHING_NAMED, Kind::POLICY, tie.id, {field},
-               "ID 0 is no " + what + ". Name one that exists, or remove the policy.");
-    else
-        report(findings, DANGLING, Kind::POLICY, tie.id, {field},
-               "There is no " + what + " with ID " + std::to_string(id) + ". Add it, or name one that exists.");
-}
-
 template <class Group>
 bool isBuiltIn(const Group& group)
 {
@@ -161,6 +148,19 @@ Rules referenceRules()
             &CONFLICTING, &REPEATED,      &EMPTY_GROUP,  &NO_SPD_ACTION};
 }
 
+void checkReference(unsigned int policy, Kind kind, const char* field, unsigned int id, bool exists, Findings& findings)
+{
+    if (exists)
+        return;
+    const std::string what = wordsOf(kind).sentence;
+    if (id == 0)
+        report(findings, NOTHING_NAMED, Kind::POLICY, policy, {field},
+               "ID 0 is no " + what + ". Name one that exists, or remove the policy.");
+    else
+        report(findings, DANGLING, Kind::POLICY, policy, {field},
+               "There is no " + what + " with ID " + std::to_string(id) + ". Add it, or name one that exists.");
+}
+
 void checkReferences(const Model& model, Findings& findings)
 {
     checkGroups(Kind::HOST_GROUP, model.hostGroups(), findings);
@@ -168,10 +168,10 @@ void checkReferences(const Model& model, Findings& findings)
     checkActionUse(model.actions(), findings);
     for (const Tie& tie : model.ties()) {
         const Policy& policy = tie.policy;
-        checkReference(tie, Kind::HOST_GROUP, "hostGroupID", policy.hostGroupID, tie.hostGroup != nullptr, findings);
-        checkReference(tie, Kind::PROTOCOL_GROUP, "protocolGroupID", policy.protocolGroupID,
+        checkReference(tie.id, Kind::HOST_GROUP, "hostGroupID", policy.hostGroupID, tie.hostGroup != nullptr, findings);
+        checkReference(tie.id, Kind::PROTOCOL_GROUP, "protocolGroupID", policy.protocolGroupID,
                        tie.protocolGroup != nullptr, findings);
-        checkReference(tie, Kind::ACTION, "actionID", policy.actionID, tie.action != nullptr, findings);
+        checkReference(tie.id, Kind::ACTION, "actionID", policy.actionID, tie.action != nullptr, findings);
     }
     checkSameTraffic(model.ties(), findings);
 }

@@ -128,18 +128,6 @@ void checkReserved(unsigned int action, const char* field, unsigned long spi, Fi
                "SPI " + std::to_string(spi) + " is reserved. Write 256 or more, and the same at the peer.");
 }
 
-void checkReserved(unsigned int action, const MKM& key, Findings& findings)
-{
-    if (hasESP(key.saProposal)) {
-        checkReserved(action, "manualKey/inboundESPSPI", key.inboundESPSPI, findings);
-        checkReserved(action, "manualKey/outboundESPSPI", key.outboundESPSPI, findings);
-    }
-    if (hasAH(key.saProposal)) {
-        checkReserved(action, "manualKey/inboundAHSPI", key.inboundAHSPI, findings);
-        checkReserved(action, "manualKey/outboundAHSPI", key.outboundAHSPI, findings);
-    }
-}
-
 /// An SPI that another action has too.
 struct Repetition {
     const Use* use;
@@ -196,10 +184,22 @@ Rules spiRules()
     return {&RESERVED, &INBOUND, &OUTBOUND};
 }
 
+void checkReservedSPIs(unsigned int action, const MKM& key, Findings& findings)
+{
+    if (hasESP(key.saProposal)) {
+        checkReserved(action, "manualKey/inboundESPSPI", key.inboundESPSPI, findings);
+        checkReserved(action, "manualKey/outboundESPSPI", key.outboundESPSPI, findings);
+    }
+    if (hasAH(key.saProposal)) {
+        checkReserved(action, "manualKey/inboundAHSPI", key.inboundAHSPI, findings);
+        checkReserved(action, "manualKey/outboundAHSPI", key.outboundAHSPI, findings);
+    }
+}
+
 void checkSPIs(const Model& model, Findings& findings)
 {
     for (const ManualKey& manual : model.manualKeys())
-        checkReserved(manual.action->id, *manual.key, findings);
+        checkReservedSPIs(manual.action->id, *manual.key, findings);
 
     Uses all(model);
     for (const Repetition& repetition : repetitionsIn(all.uses))

@@ -37,6 +37,18 @@ void checkManualKey(const Entry<ipsecimpl::IPsecAction>& entry, Findings& findin
 void checkStrength(const Entry<ipsecimpl::IPsecAction>& entry, Findings& findings);
 /// @}
 
+/// \name Parts of checks, of an object without the rest
+/// @{
+
+/// What the field `field` of a policy names; `exists`: there is an object of that kind with the ID.
+void checkReference(unsigned int policy, Kind kind, const char* field, unsigned int id, bool exists,
+                    Findings& findings);
+
+void checkReservedSPIs(unsigned int action, const ipsecimpl::MKM& key, Findings& findings);
+void checkZeroLifetimes(unsigned int action, const ipsecimpl::IKEPhase1& phase1, const ipsecimpl::IKEPhase2& phase2,
+                        Findings& findings);
+/// @}
+
 /// \name Checks across objects
 /// @{
 void checkReferences(const Model& model, Findings& findings);

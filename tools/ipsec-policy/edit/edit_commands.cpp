@@ -117,7 +117,8 @@ void Editor::add(CommandWords& words)
         if constexpr (std::is_same_v<Object, Policy>) {
             Policy     policy = takePolicy(words);
             const auto fields = words.takeFields(fieldsAndID<Object>(), "", secrets_);
-            objects.add(std::move(policy), idIn(fields));
+            const auto added  = objects.add(std::move(policy), idIn(fields));
+            remarks_.add(line_, added, *objects.find(added), [](std::string_view) { return true; });
         } else {
             const std::string name   = takeName(words);
             const auto        fields = words.takeFields(fieldsAndID<Object>(), ownerOf(kind, name), secrets_);
@@ -153,6 +154,7 @@ void Editor::replace(CommandWords& words)
         if constexpr (std::is_same_v<Object, Policy>) {
             const Policy fresh = takePolicy(words);
             objects.change(id, [&](Policy& policy) { policy = fresh; });
+            remarks_.add(line_, id, fresh, [](std::string_view) { return true; });
         } else {
             const std::string name   = takeName(words);
             const auto        fields = words.takeFields(fieldsOf<Object>(true), objects.sentence(id), secrets_);
@@ -182,8 +184,7 @@ void Editor::set(CommandWords& words)
             else
                 setFields(object, fields);
         });
-        if constexpr (!std::is_same_v<Object, Policy>)
-            remark(id, *objects.find(id), fields, false);
+        remark(id, *objects.find(id), fields, false);
     });
 }
 
@@ -209,8 +210,8 @@ void Editor::remove(CommandWords& words)
     const Kind         kind = kindIn(what, " or selector");
     const unsigned int id   = takeObject(kind, words);
     const bool         also = words.takeIf("--cascade") || cascade_;
-    withCollection(config_, kind, [&](auto& objects) {
     words.requireEnd(); // a misspelt --cascade is to be told before what it would have allowed
+    withCollection(config_, kind, [&](auto& objects) {
         if (kind != Kind::POLICY) {
             const std::vector<unsigned int> users = config_.policies.index().usersOf(kind, id);
             if (!users.empty() && !also)

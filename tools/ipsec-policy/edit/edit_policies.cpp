@@ -6,15 +6,11 @@ using namespace ipsecimpl;
 
 namespace {
 
-const struct {
-    const char*  path;
-    Kind         kind;
-    unsigned int Policy::*id;
-} REFERENCES[] = {
+const std::array<Reference, 3> REFERENCES = {{
     {"hostGroupID", Kind::HOST_GROUP, &Policy::hostGroupID},
     {"protocolGroupID", Kind::PROTOCOL_GROUP, &Policy::protocolGroupID},
     {"actionID", Kind::ACTION, &Policy::actionID},
-};
+}};
 
 /// An ID that nothing has. A document can hold such references beyond the IDs that there can be.
 unsigned int readMissing(const EditedConfig& config, Kind kind, const std::string& text)
@@ -30,6 +26,11 @@ unsigned int readMissing(const EditedConfig& config, Kind kind, const std::strin
 }
 
 } // namespace
+
+const std::array<Reference, 3>& referencesOfPolicies()
+{
+    return REFERENCES;
+}
 
 unsigned int readReference(const EditedConfig& config, Kind kind, const std::string& text)
 {

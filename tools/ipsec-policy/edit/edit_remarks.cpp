@@ -1,6 +1,7 @@
 #include "edit_remarks.h"
 
 #include "checks.h"
+#include "edit_policies.h"
 
 #include <algorithm>
 
@@ -31,6 +32,11 @@ void findPortsOfICMP(const ProtocolGroup& group, std::multimap<std::size_t, std:
             texts.emplace(line, "ICMP has no ports: some systems take the number for its type, others refuse it.");
             return;
         }
+}
+
+std::string textOf(const Finding& finding)
+{
+    return joined({finding.message, " [", finding.rule->code, "]"});
 }
 
 /// The IDs of the objects of that kind and name.
@@ -72,8 +78,19 @@ void Remarks::add(std::size_t line, unsigned int id, const IPsecAction& action, 
     Findings findings;
     checkCharacters(entryOf(id, action), findings);
     checkTunnelEndPoint(entryOf(id, action), findings);
+    if (const MKM* const key = manualKeyOf(action))
+        checkReservedSPIs(id, *key, findings);
+    if (const IKEPhase1* const phase1 = phase1Of(action))
+        checkZeroLifetimes(id, *phase1, *phase2Of(action), findings);
     keep(line, findings, isGiven);
     keepName(line, Kind::ACTION, action.nameGet(), isGiven);
+}
+
+void Remarks::add(std::size_t line, unsigned int id, const Policy&, const IsGiven& isGiven)
+{
+    for (const Reference& reference : referencesOfPolicies())
+        if (isGiven(reference.path))
+            references_[{id, &reference}] = line;
 }
 
 /// Findings in a selector are about a field below "selectors".
@@ -82,7 +99,7 @@ void Remarks::keep(std::size_t line, const Findings& findings, const IsGiven& is
     const std::string LIST = "selectors";
     for (const Finding& finding : findings)
         if (isGiven(finding.path.field.compare(0, LIST.size(), LIST) == 0 ? LIST : finding.path.field))
-            texts_.emplace(line, joined({finding.message, " [", finding.rule->code, "]"}));
+            texts_.emplace(line, textOf(finding));
 }
 
 void Remarks::keepName(std::size_t line, Kind kind, const std::string& name, const IsGiven& isGiven)
@@ -91,14 +108,37 @@ void Remarks::keepName(std::size_t line, Kind kind, const std::string& name, con
         names_[{kind, name}] = line;
 }
 
-std::vector<std::string> Remarks::all(const EditedConfig& config) const
+void Remarks::addNames(const EditedConfig& config, Texts& texts) const
 {
-    auto texts = texts_;
     for (const auto& [named, line] : names_)
         if (const auto ids = idsNamed(config, named.first, named.second); ids.size() > 1)
             texts.emplace(line,
                           joined({"There are ", std::to_string(ids.size()), " ", pluralOf(named.first), " of the name ",
                                   quoted(named.second), ". Commands must call them by ID. [repeated-name]"}));
+}
+
+void Remarks::addReferences(const EditedConfig& config, Texts& texts) const
+{
+    for (const auto& [given, line] : references_) {
+        const auto& [id, reference] = given;
+        const Policy* const policy  = config.policies.find(id);
+        if (policy == nullptr) // removed since
+            continue;
+        const unsigned int named = policy->*reference->id;
+        const bool         exists =
+            withCollection(config, reference->kind, [named](const auto& all) { return all.find(named) != nullptr; });
+        Findings findings;
+        checkReference(id, reference->kind, reference->path, named, exists, findings);
+        for (const Finding& finding : findings)
+            texts.emplace(line, textOf(finding));
+    }
+}
+
+std::vector<std::string> Remarks::all(const EditedConfig& config) const
+{
+    Texts texts = texts_;
+    addNames(config, texts);
+    addReferences(config, texts);
 
     std::vector<std::string> lines;
     for (const auto& [line, text] : texts) {

@@ -44,6 +44,15 @@ std::string inProposal(const std::string& elements)
                     elements);
 }
 
+/// Of ESP, AH or both, with the numbers of algorithms.
+std::string inManualKey(const std::string& protocol, const std::string& encryption, const std::string& hash,
+                        const std::string& elements)
+{
+    return inAction("<spdAction>TRANSPORT</spdAction><keyMgr>MKM</keyMgr><manualKey><saProposal><protocol>" + protocol +
+                    "</protocol><encryption>" + encryption + "</encryption><hash>" + hash + "</hash></saProposal>" +
+                    elements);
+}
+
 std::string inHosts(const std::string& elements)
 {
     return document(
@@ -109,7 +118,7 @@ const Advised ELEMENTS_OF_ANOTHER_CASE[] = {
      "Write <tunnelEndpoint> before this tag, or instead: the order is fixed."},
     {inAction("<spdAction>TRANSPORT</spdAction><keyMgr>NONE</keyMgr><keyMgr>"), NO_END_TAG,
      "There is a <keyMgr> before this one: remove one of them."},
-    {inAction("<spdAction>TRANSPORT</spdAction><keyMgr>NONE</keyMgr><spdAction>"), NO_END_TAG,
+    {inAction("<spdAction>TRANSPORT</spdAction><keyMgr>NONE</keyMgr><mask>"), NO_END_TAG,
      "Only </action> can stand here: remove this element."},
     {inHosts("<family>AF_INET</family><selectorType>SINGLE</selectorType><addr1>a</addr1><addr2>b</addr2>"), NO_END_TAG,
      "A <hostSelector> with selectorType SINGLE has no <addr2>: remove it, or set selectorType to RANGE."},
@@ -119,6 +128,63 @@ const Advised ELEMENTS_OF_ANOTHER_CASE[] = {
     {inAction("<spdAction>TRANSPORT</spdAction><keyMgr>IKE</keyMgr><ikePhase1><authType>RSA</authType><presharedKey>"),
      "parse_tagged_value: wrong tag; expected <localCert>, found <presharedKey>",
      "An <ikePhase1> with authType RSA has no <presharedKey>: remove it, or set authType to PSK."},
+};
+
+const char SPIS_OF_ESP[] = "<inboundESPSPI>256</inboundESPSPI><outboundESPSPI>256</outboundESPSPI>";
+const char SPIS_OF_AH[]  = "<inboundAHSPI>256</inboundAHSPI><outboundAHSPI>256</outboundAHSPI>";
+
+const Advised ELEMENTS_OF_OTHER_MANUAL_KEYS[] = {
+    {inManualKey("ESP", "12", "2", std::string(SPIS_OF_ESP) + SPIS_OF_AH),
+     "parse_tagged_value: wrong tag; expected <inboundDecrKey>, found <inboundAHSPI>",
+     "A <manualKey> with protocol ESP has no <inboundAHSPI>: remove it, or set protocol to AH or ESP+AH."},
+    {inManualKey("ESP", "0", "0", std::string(SPIS_OF_ESP) + "<outboundAHSPI>"), NO_END_TAG,
+     "A <manualKey> with protocol ESP has no <outboundAHSPI>: remove it, or set protocol to AH or ESP+AH."},
+    {inManualKey("AH", "0", "2", SPIS_OF_ESP),
+     "parse_tagged_value: wrong tag; expected <inboundAHSPI>, found <inboundESPSPI>",
+     "A <manualKey> with protocol AH has no <inboundESPSPI>: remove it, or set protocol to ESP or ESP+AH."},
+    {inManualKey("NONE", "1", "1", "<outboundESPSPI>"), NO_END_TAG,
+     "A <manualKey> with protocol NONE has no <outboundESPSPI>: remove it, or set protocol to ESP or ESP+AH."},
+    {inManualKey("ESP", "1", "2", std::string(SPIS_OF_ESP) + "<inboundDecrKey>k</inboundDecrKey>"),
+     "parse_tagged_value: wrong tag; expected <inboundAuthKey>, found <inboundDecrKey>",
+     "A <manualKey> with encryption 1 has no <inboundDecrKey>: remove it, or set encryption to 2 or more."},
+    {inManualKey("NONE", "S3cret", "0", "<outboundEncrKey>"), NO_END_TAG,
+     "A <manualKey> with encryption 0 has no <outboundEncrKey>: remove it, or set encryption to 2 or more."},
+    {inManualKey("NONE", "0x1", "0", "<outboundEncrIV>"), NO_END_TAG,
+     "A <manualKey> with encryption 1 has no <outboundEncrIV>: remove it, or set encryption to 2 or more."},
+    {inManualKey("AH", "0", "0", std::string(SPIS_OF_AH) + "<inboundAuthKey>"), NO_END_TAG,
+     "A <manualKey> with hash 0 has no <inboundAuthKey>: remove it, or set hash to 2 or more."},
+    {inManualKey("AH", "0", "1", std::string(SPIS_OF_AH) + "<outboundAuthKey>"), NO_END_TAG,
+     "A <manualKey> with hash 1 has no <outboundAuthKey>: remove it, or set hash to 2 or more."},
+    // These are in the wrong order, or have lost their SPIs.
+    {inManualKey("ESP", "12", "2", "<inboundDecrKey>"),
+     "parse_tagged_value: wrong tag; expected <inboundESPSPI>, found <inboundDecrKey>",
+     "Write <inboundESPSPI> before this tag, or instead: the order is fixed."},
+    {inManualKey("ESP+AH", "12", "2", SPIS_OF_AH),
+     "parse_tagged_value: wrong tag; expected <inboundESPSPI>, found <inboundAHSPI>",
+     "Write <inboundESPSPI> before this tag, or instead: the order is fixed."},
+};
+
+const Advised DOUBLED_ELEMENTS[] = {
+    {document("", "", entry("action", 1, action("a", "</descr><descr>", "<spdAction>NONE</spdAction>"))),
+     "parse_tagged_value: wrong tag; expected <builtinDescr>, found <descr>",
+     "There is a <descr> before this one: remove one of them."},
+    {document(entry("hostGroup", 1, group("hostGroup", "</name><name>", "", ""))),
+     "parse_tagged_value: wrong tag; expected <builtinName>, found <name>",
+     "There is a <name> before this one: remove one of them."},
+    {"<ipsec><hostGroups/><protocolGroups/><actions></actions> <actions>",
+     "parse_simple_tag: wrong tag; expected <policies>, found <actions>",
+     "There is a <actions> before this one: remove one of them."},
+    {"<ipsec><hostGroups/><protocolGroups/><actions/><policies></policies><actions>", NO_END_TAG,
+     "There is a <actions> before this one: remove one of them."},
+    {inAction("<spdAction>TRANSPORT</spdAction><keyMgr>NONE</keyMgr><spdAction>"), NO_END_TAG,
+     "There is a <spdAction> before this one: remove one of them."},
+    {document("", "", "", entry("policy", 1, policy(1, 1, 1) + policy(1, 1, 1))), NO_END_TAG,
+     "There is a <policy> before this one: remove one of them."},
+    // Of these there can be many, and they have nothing to do with each other.
+    {document(entry("hostGroup", 1, group("hostGroup", "n", "", "<hostSelector><family>AF_ANY</family><selectorType>ANY"
+                                          "</selectorType></hostSelector><protocolSelector>"))),
+     "parse_simple_tag: wrong tag; expected <hostSelector>, found <protocolSelector>",
+     "Write <hostSelector> before this tag, or instead: the order is fixed."},
 };
 
 const Advised ENTRIES[] = {
@@ -182,6 +248,8 @@ const Advised SELECTORS[] = {
 
 INSTANTIATE_TEST_SUITE_P(Words, LoadAdvice, testing::ValuesIn(WORDS));
 INSTANTIATE_TEST_SUITE_P(ElementsOfAnotherCase, LoadAdvice, testing::ValuesIn(ELEMENTS_OF_ANOTHER_CASE));
+INSTANTIATE_TEST_SUITE_P(ManualKeys, LoadAdvice, testing::ValuesIn(ELEMENTS_OF_OTHER_MANUAL_KEYS));
+INSTANTIATE_TEST_SUITE_P(DoubledElements, LoadAdvice, testing::ValuesIn(DOUBLED_ELEMENTS));
 INSTANTIATE_TEST_SUITE_P(Entries, LoadAdvice, testing::ValuesIn(ENTRIES));
 INSTANTIATE_TEST_SUITE_P(Tags, LoadAdvice, testing::ValuesIn(TAGS));
 INSTANTIATE_TEST_SUITE_P(Selectors, LoadAdvice, testing::ValuesIn(SELECTORS));

@@ -119,4 +119,21 @@ TEST(NumberText, AnIDIsReadAsTheLibraryDoes)
     EXPECT_EQ(readID("99999999999999999999999999"), 2147483647U);
 }
 
+TEST(NumberText, AnUnsignedNumberIsReadAsTheLibraryDoes)
+{
+    EXPECT_EQ(readUnsigned("12"), 12U);
+    EXPECT_EQ(readUnsigned(" +12abc"), 12U);
+    EXPECT_EQ(readUnsigned("012"), 10U);
+    EXPECT_EQ(readUnsigned("0x1F"), 31U);
+    EXPECT_EQ(readUnsigned("0x"), 0U);
+    EXPECT_EQ(readUnsigned("0b11"), 0U);
+    EXPECT_EQ(readUnsigned("twelve"), 0U);
+    EXPECT_EQ(readUnsigned(""), 0U);
+    EXPECT_EQ(readUnsigned("-1"), 4294967295U);
+    EXPECT_EQ(readUnsigned("-4294967295"), 1U);
+    EXPECT_EQ(readUnsigned("4294967295"), 4294967295U);
+    EXPECT_EQ(readUnsigned("-4294967296"), 4294967295U);
+    EXPECT_EQ(readUnsigned("99999999999999999999999999"), 4294967295U);
+}
+
 } // namespace

@@ -108,6 +108,19 @@ unsigned int readID(std::string_view text)
     return static_cast<unsigned int>(std::min<std::int64_t>(readIn(10, digits, false).value, INT32_MAX));
 }
 
+unsigned int readUnsigned(std::string_view text)
+{
+    std::string_view   digits     = trimmed(text);
+    const bool         isNegative = takeSign(digits);
+    const bool         isHex      = hasHexPrefix(digits);
+    const unsigned int base       = isHex ? 16 : digits.substr(0, 1) == "0" ? 8 : 10;
+    const std::int64_t number     = readIn(base, isHex ? digits.substr(2) : digits, false).value;
+    if (number > UINT32_MAX)
+        return UINT32_MAX;
+    const auto value = static_cast<unsigned int>(number);
+    return isNegative ? 0U - value : value;
+}
+
 bool isPrintableNumber(std::string_view text)
 {
     if (text.size() > LONGEST_NUMBER)

@@ -26,6 +26,9 @@ NumberForm formOf(std::string_view text, std::string_view stored, bool isDecimal
 /// What the library reads as an ID in the text of one, or of a next ID, in a document that loads.
 unsigned int readID(std::string_view text);
 
+/// What the library reads as another number that is never negative, such as that of an algorithm.
+unsigned int readUnsigned(std::string_view text);
+
 /// Whether a text may be shown: a number in decimal, octal or hexadecimal digits, not longer than any that fits 32
 /// bits. Anything else in place of a number could be a key that went astray.
 bool isPrintableNumber(std::string_view text);

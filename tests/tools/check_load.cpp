@@ -1,3 +1,4 @@
+#include "json.h"
 #include "program.h"
 
 #include <cstddef>
@@ -28,6 +29,16 @@ std::string reportOf(const Broken& broken)
         text +=
             std::string(6 - number.size(), ' ') + number + " | " + broken.line + "\n       | " + broken.marks + '\n';
     return text + broken.message + "\n1 error in 1 file\n";
+}
+
+TEST(CheckLoadJson, TellsTheColumnsOfAWrongNextID)
+{
+    const Json finding =
+        Json::parse(run({"check", "--json", "-"}, document("<nexthostGroup>abc</nexthostGroup>")).out)["findings"][0];
+    EXPECT_EQ(finding["line"], 1);
+    EXPECT_EQ(finding["column"], 20);
+    EXPECT_EQ(finding["endColumn"], 20 + 34);
+    EXPECT_EQ(finding["elements"], Json({"ipsec", "hostGroups"}));
 }
 
 class BrokenDocument : public testing::TestWithParam<Broken> {};
@@ -73,6 +84,11 @@ const Broken AT_LEAVES[] = {
      "    Reading ends here: invalid ID for hostGroup. Write a whole number from 1 to\n"
      "    2147483647. Open elements: <ipsec> <hostGroups> <hostGroupEntry>. No more of\n"
      "    this document was checked.\n"},
+    {"<ipsec><hostGroups>\n<nexthostGroup>abc</nexthostGroup>\n", "2:1", "<nexthostGroup>***</nexthostGroup>",
+                                                                     "^~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~",
+     "    Reading ends here: invalid value for nexthostGroup. Write a whole number\n"
+     "    from 1 to 2147483647, or 2147483648 where no ID is left. Open elements:\n"
+     "    <ipsec> <hostGroups>. No more of this document was checked.\n"},
     {std::string(BEFORE_MODE) + "<spdAction>ENCRYPT</spdAction>", "4:1", "<spdAction>***</spdAction>",
                                                                          "^~~~~~~~~~~~~~~~~~~~~~~~~~",
      "    Reading ends here: bad value (not shown) for <spdAction> in <action>. Write\n"

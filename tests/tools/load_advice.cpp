@@ -187,6 +187,34 @@ const Advised DOUBLED_ELEMENTS[] = {
      "Write <hostSelector> before this tag, or instead: the order is fixed."},
 };
 
+const Advised ELEMENTS_IN_ANOTHER_ORDER[] = {
+    {inAction("<spdAction>TUNNEL</spdAction><keyMgr>NONE</keyMgr><tunnelEndpoint>e</tunnelEndpoint>"),
+     "parse_tagged_value: wrong tag; expected <tunnelEndpoint>, found <keyMgr>",
+     "Move <tunnelEndpoint> before this element: the order is fixed."},
+    {document("", "", "", entry("policy", 1, "<policy><protocolGroupID value='1'/>\n<hostGroupID>1</hostGroupID>"
+                                             "<actionID>1</actionID></policy>")),
+     "parse_tagged_value: wrong tag; expected <hostGroupID>, found <protocolGroupID>",
+     "Move <hostGroupID> before this element: the order is fixed."},
+    {document("", "", "", "<policyEntry>" + policy(1, 1, 1) + "<id>1</id></policyEntry>"),
+     "parse_tagged_value: wrong tag; expected <id>, found <policy>",
+     "Move <id> before this element: the order is fixed."},
+    {"<ipsec><hostGroups/><policies/><actions/><protocolGroups/></ipsec>",
+     "parse_simple_tag: wrong tag; expected <protocolGroups>, found <policies>",
+     "Move <protocolGroups> before this element: the order is fixed."},
+    {"<ipsec><hostGroups/><comment>c</comment><protocolGroups/></ipsec>",
+     "parse_simple_tag: wrong tag; expected <protocolGroups>, found an unknown element", "Remove this element."},
+    // One of another parent is another one.
+    {document("", "", "", entry("policy", 1, "<policy><protocolGroupID>1</protocolGroupID></policy>") +
+                              entry("policy", 2, policy(1, 1, 1))),
+     "parse_tagged_value: wrong tag; expected <hostGroupID>, found <protocolGroupID>",
+     "Write <hostGroupID> before this tag, or instead: the order is fixed."},
+    {"<ipsec><policies><hostGroups/></policies>",
+     "parse_simple_tag: wrong tag; expected <hostGroups>, found <policies>",
+     "Write <hostGroups> before this tag, or instead: the order is fixed."},
+    {"<ipsec><policies><", "parse_simple_tag: wrong tag; expected <hostGroups>, found <policies>",
+     "Write <hostGroups> before this tag, or instead: the order is fixed."},
+};
+
 const Advised ENTRIES[] = {
     {document("", "", "", entry("policy", 1, policy(1, 1, 1)) + "\n" + entry("policy", 2, policy(1, 1, 1)) + "\n" +
                               entry("policy", 3, policy(1, 1, 1)) + "\n" + entry("policy", 2, policy(1, 1, 1))),
@@ -197,7 +225,7 @@ const Advised ENTRIES[] = {
      "duplicate ID", "The first entry with it has it at 2:14. Write an ID that no other has."},
     {document("<hostGroupEntry><id>0</id>"), "invalid ID for hostGroup", "Write a whole number from 1 to 2147483647."},
     {document("<nexthostGroup>-1</nexthostGroup>"), "invalid value for nexthostGroup",
-     "Write a whole number from 1 to 2147483647."},
+     "Write a whole number from 1 to 2147483647, or 2147483648 where no ID is left."},
     {document("<nexthostGroup></nexthostGroup>"), "nexthostGroup missing required data",
      "It cannot be empty: write what belongs in it."},
     {document("", "", "", "<actionEntry>"), "unknown tag: actionEntry",
@@ -232,7 +260,18 @@ const Advised SELECTORS[] = {
     {inProtocols("<protocol/>"), "invalid attributes or closing tag in <protocol>",
      "Write a start tag without attributes, the text, and an end tag."},
     {inProtocols("<protocol></protocol>"), "missing data for <protocol>",
-     "Write a text in it. <name>, <dstPort> and <srcPort> can be left out."},
+     "Write the number of the protocol in it, or 0 for any."},
+    {inProtocols("<protocol>6</protocol><name>\n </name>"), "missing data for <name>",
+     "Write a name in it: of a selector without one, what is stored does not load again."},
+    {inProtocols("<dstPort></dstPort>"), "missing data for <dstPort>",
+     "Write the number of the port in it, or remove the element: 0 and no element are any port."},
+    {inProtocols("<srcPort></srcPort>"), "missing data for <srcPort>",
+     "Write the number of the port in it, or remove the element: 0 and no element are any port."},
+    {inProtocols("<direction></direction>"), "missing data for <direction>",
+     "Write one of these in <direction>: IN, OUT, INOUT."},
+    {inProtocols("<mirrored> </mirrored>"), "missing data for <mirrored>", "Write MIRRORED or NOTMIRRORED."},
+    {inProtocols("<port></port>"), "missing data for an unknown element",
+     "A <protocolSelector> has <protocol>, <name>, <dstPort>, <srcPort>, <direction> and <mirrored>."},
     {inProtocols("<port>1</port>"), "unknown attribute: (not shown)",
      "A <protocolSelector> has <protocol>, <name>, <dstPort>, <srcPort>, <direction> and <mirrored>."},
     {inProtocols("<protocol>1</protocol><protocol>2</protocol>"), "attribute 'protocol' can only appear once",
@@ -250,6 +289,7 @@ INSTANTIATE_TEST_SUITE_P(Words, LoadAdvice, testing::ValuesIn(WORDS));
 INSTANTIATE_TEST_SUITE_P(ElementsOfAnotherCase, LoadAdvice, testing::ValuesIn(ELEMENTS_OF_ANOTHER_CASE));
 INSTANTIATE_TEST_SUITE_P(ManualKeys, LoadAdvice, testing::ValuesIn(ELEMENTS_OF_OTHER_MANUAL_KEYS));
 INSTANTIATE_TEST_SUITE_P(DoubledElements, LoadAdvice, testing::ValuesIn(DOUBLED_ELEMENTS));
+INSTANTIATE_TEST_SUITE_P(Order, LoadAdvice, testing::ValuesIn(ELEMENTS_IN_ANOTHER_ORDER));
 INSTANTIATE_TEST_SUITE_P(Entries, LoadAdvice, testing::ValuesIn(ENTRIES));
 INSTANTIATE_TEST_SUITE_P(Tags, LoadAdvice, testing::ValuesIn(TAGS));
 INSTANTIATE_TEST_SUITE_P(Selectors, LoadAdvice, testing::ValuesIn(SELECTORS));

@@ -144,6 +144,36 @@ TEST(LoadFault, MarksTheWholeTag)
     EXPECT_EQ(markedIn("<ipsec><host<x>\n"), "<host<x>");
 }
 
+TEST(LoadFault, MarksTheWholeLeafThoughItsEndTagIsNotRead)
+{
+    const auto inPolicies = [](const std::string& text) { return document("", "", "", text); };
+    EXPECT_EQ(markedIn(inPolicies("<nextpolicy>abc</nextpolicy>")), "<nextpolicy>abc</nextpolicy>");
+    EXPECT_EQ(markedIn(inPolicies("<nextpolicy>\n0\n</nextpolicy>")), "<nextpolicy>\n0\n</nextpolicy>");
+    EXPECT_EQ(markedIn(inPolicies("<nextpolicy></nextpolicy>")), "<nextpolicy></nextpolicy>");
+    EXPECT_EQ(markedIn(inPolicies("<nextpolicy>\n</nextpolicy>")), "<nextpolicy>\n</nextpolicy>");
+    EXPECT_EQ(markedIn(inPolicies("<nextpolicy/>")), "<nextpolicy/>");
+    EXPECT_EQ(markedIn(inPolicies("<nextpolicy>0<b/></nextpolicy>")), "<nextpolicy>");
+    const auto inSelector = [](const std::string& text) {
+        return document("",
+                        entry("protocolGroup", 1,
+                              group("protocolGroup", "n", "", "<protocolSelector>" + text + "</protocolSelector>")));
+    };
+    EXPECT_EQ(markedIn(inSelector("<name></name>")), "<name></name>");
+    EXPECT_EQ(markedIn(inSelector("<name> </name>")), "<name> </name>");
+    EXPECT_EQ(markedIn(inSelector("<name><b/></name>")), "<name>");
+}
+
+TEST(LoadFault, HasNoLeafAmongTheOpenElementsThatIsMarkedWhole)
+{
+    for (const std::string text : {"<nextpolicy>abc</nextpolicy>", "<nextpolicy></nextpolicy>",
+                                   "<nextpolicy> "
+                                   "</nextpolicy>"}) {
+        const std::optional<LoadFault> fault = faultOf(document("", "", "", text));
+        ASSERT_TRUE(fault);
+        EXPECT_EQ(fault->openElements, Names({"ipsec", "policies"})) << text;
+    }
+}
+
 TEST(LoadFault, TakesNoTagOutOfAnAttribute)
 {
     const std::string one = entry("policy", 1, policy(1, 1, 1));

@@ -13,6 +13,10 @@
 
 namespace {
 
+const char WRITE_MIRRORED[] = "Write MIRRORED or NOTMIRRORED.";
+const char CHILDREN_OF_PROTOCOL_SELECTOR[] =
+    "A <protocolSelector> has <protocol>, <name>, <dstPort>, <srcPort>, <direction> and <mirrored>.";
+
 /// The end tag of the innermost open element, as it can be shown.
 std::string innermostEnd(const LoadTrouble& trouble)
 {
@@ -78,6 +82,19 @@ std::string adviseMissing(const LoadTrouble& trouble)
     return "Write " + expectedTag(trouble.message) + " before this tag: it cannot be left out.";
 }
 
+/// Whether one of the elements behind the one at `offset`, in the same parent, has this tag.
+bool followsLater(std::string_view document, std::size_t offset, std::string_view tag)
+{
+    Lexer lexer(document, offset);
+    try {
+        for (lexer.skipElement(); !lexer.atEndTag(); lexer.skipElement())
+            if ('<' + std::string(tagNameAt(document, lexer.offset())) + '>' == tag)
+                return true;
+    } catch (const std::logic_error&) { // what cannot be told is not said
+    }
+    return false;
+}
+
 std::string adviseWrongTag(const LoadTrouble& trouble)
 {
     if (!trouble.before.open.empty())
@@ -86,7 +103,12 @@ std::string adviseWrongTag(const LoadTrouble& trouble)
             return advice;
     if (trouble.before.open.empty())
         return "A document begins with <ipsec>.";
-    return "Write " + expectedTag(trouble.message) + " before this tag, or instead: the order is fixed.";
+    const std::string expected = expectedTag(trouble.message);
+    if (followsLater(trouble.document, trouble.piece.offset, expected))
+        return isWordOfFormat(tagNameAt(trouble.document, trouble.piece.offset))
+                   ? "Move " + expected + " before this element: the order is fixed."
+                   : "Remove this element.";
+    return "Write " + expected + " before this tag, or instead: the order is fixed.";
 }
 
 /// Where the first entry has the ID of the last one that was read; npos if that cannot be told.
@@ -150,6 +172,23 @@ std::string adviseWord(const LoadTrouble& trouble)
     return advice + '.';
 }
 
+/// Of a protocol selector.
+std::string adviseData(const LoadTrouble& trouble)
+{
+    const std::string_view name = trouble.read.lastName;
+    if (name == "protocol")
+        return "Write the number of the protocol in it, or 0 for any.";
+    if (name == "name")
+        return "Write a name in it: of a selector without one, what is stored does not load again.";
+    if (name == "direction")
+        return adviseWord(trouble);
+    if (name == "mirrored")
+        return WRITE_MIRRORED;
+    return name == "dstPort" || name == "srcPort" ? "Write the number of the port in it, or remove the element: 0 and "
+                                                    "no element are any port."
+                                                  : CHILDREN_OF_PROTOCOL_SELECTOR;
+}
+
 std::string adviseRequired(const LoadTrouble& trouble)
 {
     const std::size_t begin = trouble.message.find('\'') + 1;
@@ -183,16 +222,15 @@ const Advice ADVICES[] = {
     {"unknown tag: ", "", adviseCollection},
     {" missing required data", "It cannot be empty: write what belongs in it."},
     {"invalid ID for ", "Write a whole number from 1 to 2147483647."},
-    {"invalid value for next", "Write a whole number from 1 to 2147483647."},
+    {"invalid value for next", "Write a whole number from 1 to 2147483647, or 2147483648 where no ID is left."},
     {"bad value in <hostSelector>", "", adviseHostSelector},
     {"bad value", "", adviseWord},
     {"invalid value", "", adviseWord},
     {"invalid attributes or closing tag in <", "Write a start tag without attributes, the text, and an end tag."},
-    {"missing data for <", "Write a text in it. <name>, <dstPort> and <srcPort> can be left out."},
-    {"unknown attribute: ",
-     "A <protocolSelector> has <protocol>, <name>, <dstPort>, <srcPort>, <direction> and <mirrored>."},
+    {"missing data for ", "", adviseData},
+    {"unknown attribute: ", CHILDREN_OF_PROTOCOL_SELECTOR},
     {" can only appear once", "Remove one of the two."},
-    {"required attribute 'mirrored' must be ", "Write MIRRORED or NOTMIRRORED."},
+    {"required attribute 'mirrored' must be ", WRITE_MIRRORED},
     {" is required", "", adviseRequired},
     {"nonzero 'srcPort'/'dstProt' requires ",
      "Write the number of the <protocol> that has these ports, or remove them."},

@@ -45,6 +45,25 @@ Span nextTag(std::string_view document, std::size_t read)
     return {start, end == std::string_view::npos ? 1 : end + 1 - start};
 }
 
+/// Whether the reader refuses a leaf with such a message before it has read the leaf's end tag.
+bool isBeforeEndTag(std::string_view message)
+{
+    const std::string_view NEXT = "next"; // the ID
+    return message.find("missing data for ") != std::string_view::npos ||
+           message.find("invalid value for next") != std::string_view::npos ||
+           (message.substr(0, NEXT.size()) == NEXT && message.find(" missing required data") != std::string_view::npos);
+}
+
+/// The whole leaf that begins with this tag, or if it is none, the tag.
+Span wholeLeaf(std::string_view document, Span tag)
+{
+    try {
+        return spanBetween(tag.offset, Lexer(document, tag.offset).leaf().end);
+    } catch (const std::logic_error&) {
+        return tag;
+    }
+}
+
 } // namespace
 
 TagsBefore tagsBefore(std::string_view document, std::size_t end)
@@ -98,6 +117,8 @@ Span faultyPiece(const Place& place, const TagsBefore& read, std::string_view me
         return nextTag(place.document, place.read);
     if (message == "duplicate ID" && read.id.length > 0)
         return read.id;
+    if (isBeforeEndTag(message) && !read.open.empty())
+        return wholeLeaf(place.document, read.open.back().tag);
     if (read.unfinished != std::string_view::npos)
         return wholeTag(place.document, read.unfinished, place.read);
     return read.last.end() == place.read ? read.last : Span{place.read - 1, 1};

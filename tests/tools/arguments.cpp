@@ -95,8 +95,8 @@ tells of all of them.
 line that would change. With --check and --in-place there may be several FILEs.
 With --check --json, an object with two lists: files (file, written; if that is
 false, message, and the line and column that would change first, or where the
-document does not load, with the elements that are open there) and unread
-(file, message).
+document does not load, with the elements that are open there, and first, the
+place of an ID that another repeats) and unread (file, message).
 
 OUT may be FILE, which is --in-place. A file is replaced in one step, or left
 as it was; one that would not change is not touched. Its mode, owner, group and

@@ -41,6 +41,16 @@ TEST(CheckLoadJson, TellsTheColumnsOfAWrongNextID)
     EXPECT_EQ(finding["elements"], Json({"ipsec", "hostGroups"}));
 }
 
+TEST(CheckLoadJson, TellsWhereTheFirstEntryIsWithAnIDThatIsThereTwice)
+{
+    const std::string one     = entry("policy", 7, policy(1, 1, 1));
+    const Json        finding = Json::parse(
+               run({"check", "--json", "-"}, document("", "", "", "\n" + one + "\n" + one + "\n" + one)).out)["findings"][0];
+    EXPECT_EQ(finding["line"], 3);
+    EXPECT_EQ(finding["first"].dump(), R"({"line":2,"column":14})");
+    EXPECT_FALSE(Json::parse(run({"check", "--json", "-"}, "<ipsec>").out)["findings"][0].contains("first"));
+}
+
 class BrokenDocument : public testing::TestWithParam<Broken> {};
 
 TEST_P(BrokenDocument, IsAFindingAtThePlaceWhereItsReaderGaveUp)

@@ -170,6 +170,29 @@ TEST_F(CheckSarif, HasElementsOnlyWhereADocumentDoesNotLoad)
               R"("protocolSelector",null]})");
 }
 
+TEST_F(CheckSarif, TellsWhereTheFirstEntryIsWithAnIDThatIsThereTwice)
+{
+    const std::string one  = entry("policy", 7, policy(1, 1, 1));
+    const std::string text = document("", "", "", entry("policy", 3, policy(1, 1, 1)) + "\n" + one + "\n" + one);
+    const Json        all  = runIn(run({"check", "--sarif", "-"}, text));
+    EXPECT_EQ(all["results"][0]["relatedLocations"].dump(),
+              R"([{"physicalLocation":{"artifactLocation":{"description":{"text":"standard input"}},)"
+              R"("region":{"startLine":2,"startColumn":14,"endColumn":18}},)"
+              R"("message":{"text":"The first entry with this ID."}}])");
+    EXPECT_EQ(all["results"][0]["locations"][0]["physicalLocation"]["region"]["startLine"], 3);
+    EXPECT_FALSE(runIn(run({"check", "--sarif", "-"}, "<ipsec>\n<x>"))["results"][0].contains("relatedLocations"));
+}
+
+TEST_F(CheckSarif, TellsHowManyFindingsAreLeftOut)
+{
+    const std::string text = document(entry("hostGroup", 1, group("hostGroup", "n", "", "")));
+    EXPECT_EQ(runIn(run({"check", "--sarif", "-"}, text))["properties"].dump(), R"({"leftOut":0})");
+    const Json json = Json::parse(run({"check", "--json", "--level=error", "-"}, text).out);
+    EXPECT_GT(json["leftOut"], 0);
+    const Json all = runIn(run({"check", "--sarif", "--level=error", "-"}, text));
+    EXPECT_EQ(all["properties"]["leftOut"], json["leftOut"]);
+}
+
 TEST_F(CheckSarif, KeepsToTheLinesOfADocumentThatDoesNotLoad)
 {
     for (const std::string text : {"<ipsec>", "<ipsec>\n", "<ipsec>\r\n\t<hostGroups>\n\n", "<ipsec>\n<actions>\n",

@@ -1,6 +1,5 @@
+#include "json.h"
 #include "program.h"
-
-#include <nlohmann/json.hpp>
 
 #include <string>
 
@@ -80,6 +79,15 @@ TEST_F(FormatCheckJson, TellsTheFirstDifferenceOrWhyThereIsNone)
 }
 )",
                        "ipsec-policy: none.xml: No such file or directory\n"}));
+}
+
+TEST_F(FormatCheckJson, TellsWhereTheFirstEntryIsWithAnIDThatIsThereTwice)
+{
+    const std::string one = entry("policy", 7, policy(1, 1, 1));
+    writeFile("twice.xml", document("", "", "", "\n" + one + "\n" + one));
+    const Json file = Json::parse(run({"format", "--check", "--json", "twice.xml"}).out)["files"][0];
+    EXPECT_EQ(file["line"], 3);
+    EXPECT_EQ(file["first"].dump(), R"({"line":2,"column":14})");
 }
 
 TEST_F(FormatCheckJson, HasTheExitStatusAndTheMessagesOfTheLines)

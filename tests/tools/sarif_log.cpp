@@ -134,17 +134,19 @@ Shape sarifLog()
         object({{"name", {text}}, {"fullyQualifiedName", {text}}, {"kind", {oneOf({"element"})}}});
     const Shape location =
         object({{"physicalLocation", {physicalLocation}}, {"logicalLocations", {list(logicalLocation)}}});
-    const Shape result = object({{"ruleId", {text}},
-                                 {"ruleIndex", {number(0)}},
-                                 {"level", {level}},
-                                 {"message", {message, true}},
-                                 {"locations", {list(location)}},
-                                 {"properties", {object({{"elements", {list(nameOrNull)}}})}}});
-    const Shape rule   = object({{"id", {text, true}},
-                                 {"shortDescription", {message}},
-                                 {"help", {message}},
-                                 {"defaultConfiguration", {object({{"level", {level}}})}}});
-    const Shape driver = object({{"name", {text, true}}, {"version", {text}}, {"rules", {list(rule)}}});
+    const Shape relatedLocation = object({{"physicalLocation", {physicalLocation}}, {"message", {message}}});
+    const Shape result          = object({{"ruleId", {text}},
+                                          {"ruleIndex", {number(0)}},
+                                          {"level", {level}},
+                                          {"message", {message, true}},
+                                          {"locations", {list(location)}},
+                                          {"relatedLocations", {list(relatedLocation)}},
+                                          {"properties", {object({{"elements", {list(nameOrNull)}}})}}});
+    const Shape rule            = object({{"id", {text, true}},
+                                          {"shortDescription", {message}},
+                                          {"help", {message}},
+                                          {"defaultConfiguration", {object({{"level", {level}}})}}});
+    const Shape driver          = object({{"name", {text, true}}, {"version", {text}}, {"rules", {list(rule)}}});
     const Shape notification =
         object({{"level", {level}}, {"message", {message, true}}, {"locations", {list(location)}}});
     const Shape invocation =
@@ -152,7 +154,8 @@ Shape sarifLog()
     const Shape toolRun = object({{"tool", {object({{"driver", {driver, true}}}), true}},
                                   {"columnKind", {oneOf({"utf16CodeUnits", "unicodeCodePoints"})}},
                                   {"results", {list(result)}},
-                                  {"invocations", {list(invocation)}}});
+                                  {"invocations", {list(invocation)}},
+                                  {"properties", {object({{"leftOut", {number(0), true}}})}}});
     return object({{"$schema", {absoluteURI}}, {"version", {oneOf({"2.1.0"}), true}}, {"runs", {list(toolRun), true}}});
 }
 

@@ -231,10 +231,11 @@ const Command CHECK_COMMAND = {
     "for keys and for what could be one: text in place of a number, and where the\n"
     "document does not load, all but tags. JSON and SARIF hold no lines.\n\n"
     "JSON: an object with findings (a list of objects: file, line, column, endColumn,\n"
-    "level, code, path, message, elements, reference), the counts errors, warnings,\n"
-    "notes, leftOut and files, and unread (a list of objects: file, message). What\n"
-    "does not apply to a finding is left out, such as the path where it is about the\n"
-    "file; elements are those that are open where a document does not load.",
+    "level, code, path, message, elements, first, reference), the counts errors,\n"
+    "warnings, notes, leftOut and files, and unread (a list of objects: file,\n"
+    "message). What does not apply to a finding is left out, such as the path where\n"
+    "it is about the file; elements are those that are open where a document does not\n"
+    "load, and first is the place (line, column) of the ID that another repeats.",
     "ipsec-policy check policy.xml\n"
     "ipsec-policy check --level=warning --sarif *.xml > result.sarif\n"
     "ipsec-policy check --explain does-not-load",

@@ -109,10 +109,10 @@ class CheckReport {
     void addUnloadable(const std::string& fileName, const LoadFailure& failure)
     {
         addFailure(fileName, failure);
-        Json& file       = files_.back();
-        file["line"]     = failure.fault.position.line;
-        file["column"]   = failure.fault.position.column;
-        file["elements"] = elementsMember(failure.fault);
+        Json& file     = files_.back();
+        file["line"]   = failure.fault.position.line;
+        file["column"] = failure.fault.position.column;
+        addFault(file, failure.fault);
     }
 
     /// What is wrong with a document is a result too, and needs no message where it is told as one.
@@ -215,8 +215,8 @@ const Command FORMAT_COMMAND = {
     "line that would change. With --check and --in-place there may be several FILEs.\n"
     "With --check --json, an object with two lists: files (file, written; if that is\n"
     "false, message, and the line and column that would change first, or where the\n"
-    "document does not load, with the elements that are open there) and unread\n"
-    "(file, message).\n\n"
+    "document does not load, with the elements that are open there, and first, the\n"
+    "place of an ID that another repeats) and unread (file, message).\n\n"
     "OUT may be FILE, which is --in-place. A file is replaced in one step, or left\n"
     "as it was; one that would not change is not touched. Its mode, owner, group and\n"
     "attributes are kept, and symbolic links are followed; other hard links keep the\n"

@@ -47,7 +47,7 @@ void JsonReport::add(const CheckedFile& file)
             member["path"] = textOf(finding.path);
         member["message"] = finding.message;
         if (finding.rule == &DOES_NOT_LOAD)
-            member["elements"] = elementsMember(*file.fault);
+            addFault(member, *file.fault);
         if (*finding.rule->reference != '\0')
             member["reference"] = finding.rule->reference;
         findings_.add(member);

@@ -75,6 +75,31 @@ Json artifactMember(const std::string& fileName)
     return {{"uri", uriOf(fileName)}};
 }
 
+Json regionMember(const Position& position, std::string_view text)
+{
+    return {{"startLine", position.line},
+            {"startColumn", position.column},
+            {"endColumn", position.column + charactersIn(text)}};
+}
+
+/// Where the first ID is that one repeats.
+Json firstMember(const CheckedFile& file)
+{
+    const LoadFault&       fault = *file.fault;
+    const std::string_view text  = firstLineOf(file.text, fault.first).in(file.text);
+    return {{"physicalLocation",
+             {{"artifactLocation", artifactMember(file.name)}, {"region", regionMember(fault.firstPosition, text)}}},
+            {"message", textMember("The first entry with this ID.")}};
+}
+
+/// Adds what is told of a document that does not load, besides its message.
+void addFaultTo(Json& result, const CheckedFile& file)
+{
+    if (file.fault->repeatsID())
+        result["relatedLocations"] = Json::array({firstMember(file)});
+    result["properties"] = {{"elements", elementsMember(*file.fault)}};
+}
+
 Json logicalMember(const ObjectPath& path)
 {
     const std::string full = textOf(path);
@@ -121,14 +146,9 @@ void SarifReport::add(const CheckedFile& file)
     PositionCounter counter(file.text);
     for (const Finding& finding : file.findings) {
         Json location = {{"physicalLocation", {{"artifactLocation", artifactMember(file.name)}}}};
-        if (finding.isLocated) {
-            const Position    position = counter.at(finding.offset);
-            const std::size_t length   = charactersIn(textMeantBy(finding, file));
-
-            location["physicalLocation"]["region"] = {{"startLine", position.line},
-                                                      {"startColumn", position.column},
-                                                      {"endColumn", position.column + length}};
-        }
+        if (finding.isLocated)
+            location["physicalLocation"]["region"] =
+                regionMember(counter.at(finding.offset), textMeantBy(finding, file));
         if (!finding.isAboutFile)
             location["logicalLocations"] = Json::array({logicalMember(finding.path)});
         Json result = {{"ruleId", finding.rule->code},
@@ -137,7 +157,7 @@ void SarifReport::add(const CheckedFile& file)
                        {"message", textMember(finding.message)},
                        {"locations", Json::array({location})}};
         if (finding.rule == &DOES_NOT_LOAD)
-            result["properties"] = {{"elements", elementsMember(*file.fault)}};
+            addFaultTo(result, file);
         results_.add(result);
     }
 }
@@ -155,6 +175,7 @@ void SarifReport::finish(const Totals& totals)
     const Json invocation = {{"executionSuccessful", totals.unread == 0},
                              {"toolExecutionNotifications", notifications_}};
     addMember("invocations", Json::array({invocation}));
+    addMember("properties", {{"leftOut", totals.leftOut}});
     out_.write("\n    }\n  ]\n}\n");
 }
 

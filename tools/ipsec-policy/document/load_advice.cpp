@@ -4,8 +4,8 @@
 #include "lexer.h"
 #include "load_message.h"
 #include "misplaced.h"
-#include "number_text.h"
 #include "position.h"
+#include "repeated_id.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -111,37 +111,11 @@ std::string adviseWrongTag(const LoadTrouble& trouble)
     return "Write " + expected + " before this tag, or instead: the order is fixed.";
 }
 
-/// Where the first entry has the ID of the last one that was read; npos if that cannot be told.
-std::size_t firstWithID(const LoadTrouble& trouble)
-{
-    const auto& open = trouble.before.open;
-    if (open.size() < 2)
-        return std::string_view::npos;
-    const OpenElement& entry      = open.back();
-    const OpenElement& collection = open[open.size() - 2];
-    try {
-        const unsigned int id = readID(Lexer(trouble.document, trouble.piece.offset).leaf().text.in(trouble.document));
-        Lexer              lexer(trouble.document, collection.tag.end());
-        while (lexer.skipSpace() < entry.tag.offset) {
-            const StartTag tag = lexer.startTag();
-            if (tag.name == entry.name) {
-                const Leaf other = lexer.leaf();
-                if (readID(other.text.in(trouble.document)) == id)
-                    return other.tag.offset;
-            }
-            lexer.skipRest(tag);
-        }
-    } catch (const std::logic_error&) { // nothing that loaded so far is like that
-    }
-    return std::string_view::npos;
-}
-
 std::string adviseOtherID(const LoadTrouble& trouble)
 {
-    const std::size_t first = firstWithID(trouble);
-    const std::string where = first == std::string_view::npos
-                                  ? "An entry before this one has it"
-                                  : "The first entry with it has it at " + textOf(positionIn(trouble.document, first));
+    const std::string where = trouble.first ? "The first entry with it has it at " +
+                                                  textOf(positionIn(trouble.document, trouble.first->offset))
+                                            : "An entry before this one has it";
     return where + ". Write an ID that no other has.";
 }
 
@@ -241,10 +215,13 @@ const Advice ADVICES[] = {
 
 LoadTrouble troubleAt(const Place& place, std::string_view message)
 {
-    TagsBefore read   = tagsBefore(place.document, place.read);
-    const Span piece  = faultyPiece(place, read, message);
-    TagsBefore before = tagsBefore(place.document, piece.offset);
-    return {place.document, message, place.atEnd, piece, std::move(before), std::move(read)};
+    TagsBefore          read   = tagsBefore(place.document, place.read);
+    const Span          piece  = faultyPiece(place, read, message);
+    TagsBefore          before = tagsBefore(place.document, piece.offset);
+    std::optional<Span> first;
+    if (message == "duplicate ID")
+        first = firstWithSameID(place.document, before.open, piece.offset);
+    return {place.document, message, place.atEnd, piece, std::move(before), std::move(read), first};
 }
 
 std::string loadAdvice(const LoadTrouble& trouble)

@@ -6,6 +6,7 @@
 
 #include "load_place.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,9 @@ struct LoadTrouble {
     Span             piece;   ///< what the reader could not take
     TagsBefore       before;  ///< that piece
     TagsBefore       read;    ///< before the place where it gave up
+
+    /// The start tag of the ID that this one repeats.
+    std::optional<Span> first;
 };
 
 /// `message` must outlive it.

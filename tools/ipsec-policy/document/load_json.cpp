@@ -7,3 +7,10 @@ Json elementsMember(const LoadFault& fault)
         names.push_back(name.empty() ? Json() : Json(name));
     return names;
 }
+
+void addFault(Json& object, const LoadFault& fault)
+{
+    object["elements"] = elementsMember(fault);
+    if (fault.repeatsID())
+        object["first"] = {{"line", fault.firstPosition.line}, {"column", fault.firstPosition.column}};
+}

@@ -26,6 +26,12 @@ struct LoadFault {
 
     Span     place;    ///< what the reader could not take; its end where there is too little
     Position position; ///< of that
+
+    /// The start tag of the first ID, where an ID is repeated; else empty.
+    Span     first;
+    Position firstPosition; ///< of that
+
+    bool repeatsID() const { return first.length > 0; }
 };
 
 /// What a parser's message says, with a hint where the document has what this format has not.

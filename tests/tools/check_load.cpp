@@ -1,9 +1,15 @@
 #include "json.h"
 #include "program.h"
 
+#include <gmock/gmock.h>
+
 #include <cstddef>
 #include <ostream>
 #include <string>
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
@@ -49,6 +55,18 @@ TEST(CheckLoadJson, TellsWhereTheFirstEntryIsWithAnIDThatIsThereTwice)
     EXPECT_EQ(finding["line"], 3);
     EXPECT_EQ(finding["first"].dump(), R"({"line":2,"column":14})");
     EXPECT_FALSE(Json::parse(run({"check", "--json", "-"}, "<ipsec>").out)["findings"][0].contains("first"));
+}
+
+TEST(CheckLoad, SaysThatAWrongWordCanBeShownWhereItIsHidden)
+{
+    const std::string text = std::string("<ipsec><hostGroups/><protocolGroups/><actions><actionEntry><id>1</id>") +
+                             action("a", "", "\n<spdAction>ENCRYPT</spdAction>");
+    const std::string HINT = "--show-keys shows";
+    EXPECT_THAT(run({"check", "-"}, text).out, HasSubstr(HINT));
+    EXPECT_THAT(run({"check", "--show-keys", "-"}, text).out,
+                AllOf(HasSubstr(" | <spdAction>ENCRYPT</spdAction>"), Not(HasSubstr(HINT))));
+    EXPECT_THAT(run({"check", "--json", "-"}, text).out, Not(HasSubstr(HINT)));
+    EXPECT_THAT(run({"check", "-"}, "<ipsec>\n<x>").out, Not(HasSubstr(HINT)));
 }
 
 class BrokenDocument : public testing::TestWithParam<Broken> {};
@@ -104,7 +122,7 @@ const Broken AT_LEAVES[] = {
      "    Reading ends here: bad value (not shown) for <spdAction> in <action>. Write\n"
      "    one of these in <spdAction>: NONE, BYPASS, DISCARD, TRANSPORT, TUNNEL. Open\n"
      "    elements: <ipsec> <actions> <actionEntry> <action>. No more of this document\n"
-     "    was checked.\n"},
+     "    was checked. --show-keys shows what is written there.\n"},
     {document("", "", "", entry("policy", 1, policy(1, 1, 1)) + "\n" + entry("policy", 1, policy(2, 2, 2))),
      "2:14", "<policyEntry><id>***</id><policy><hostGroupID>***</hostGroupID><p...",
              "             ^~~~",

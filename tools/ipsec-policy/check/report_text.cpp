@@ -2,6 +2,7 @@
 #include "excerpt.h"
 #include "hidden.h"
 #include "line_secrets.h"
+#include "load_finding.h"
 #include "position.h"
 #include "terminal.h"
 #include "text.h"
@@ -78,7 +79,8 @@ class TextReport : public Report {
     bool            showsKeys_;
     std::size_t     width_;
     bool            isTerminal_;
-    std::string     text_; // of some findings
+    bool            hidesWord_ = false; // that the file does not load for
+    std::string     text_;              // of some findings
 
     std::unordered_map<const Rule*, Paragraph> paragraphs_; // the last of each
 
@@ -97,6 +99,7 @@ void TextReport::add(const CheckedFile& file)
     std::optional<LineSecrets> secrets;
     if (file.source)
         secrets.emplace(*file.source);
+    hidesWord_ = !showsKeys_ && file.fault && file.fault->hasWrongWord;
     for (const Finding& finding : file.findings) {
         const Position position = counter.at(finding.offset);
         addHeading(finding, name, position);
@@ -186,6 +189,8 @@ void TextReport::addLines(const Finding& finding)
 {
     message_ = INDENT;
     message_ += finding.message;
+    if (hidesWord_ && finding.rule == &DOES_NOT_LOAD)
+        message_ += " --show-keys shows what is written there.";
     if (*finding.rule->reference != '\0')
         ((message_ += " (") += finding.rule->reference) += ')';
     lines_.clear();

@@ -8,6 +8,7 @@
 #include "repeated_id.h"
 
 #include <algorithm>
+#include <iterator>
 #include <stdexcept>
 #include <utility>
 
@@ -211,6 +212,15 @@ const Advice ADVICES[] = {
 };
 // clang-format on
 
+/// The advice for the message; null if there is none.
+const Advice* adviceFor(const LoadTrouble& trouble)
+{
+    const auto* const it = std::find_if(std::begin(ADVICES), std::end(ADVICES), [&trouble](const Advice& advice) {
+        return trouble.message.find(advice.piece) != std::string_view::npos;
+    });
+    return trouble.isAtEnd || it == std::end(ADVICES) ? nullptr : it;
+}
+
 } // namespace
 
 LoadTrouble troubleAt(const Place& place, std::string_view message)
@@ -228,8 +238,14 @@ std::string loadAdvice(const LoadTrouble& trouble)
 {
     if (trouble.isAtEnd)
         return "The document is not complete. Take a whole copy, or add what is missing.";
-    for (const Advice& advice : ADVICES)
-        if (trouble.message.find(advice.piece) != std::string_view::npos)
-            return advice.text.empty() ? advice.make(trouble) : std::string(advice.text);
-    return "Compare it with what 'ipsec-policy new' prints.";
+    const Advice* const advice = adviceFor(trouble);
+    if (advice == nullptr)
+        return "Compare it with what 'ipsec-policy new' prints.";
+    return advice->text.empty() ? advice->make(trouble) : std::string(advice->text);
+}
+
+bool isAboutWord(const LoadTrouble& trouble)
+{
+    const Advice* const advice = adviceFor(trouble);
+    return advice != nullptr && advice->make == adviseWord && !wordsIn(trouble.read.lastName).empty();
 }

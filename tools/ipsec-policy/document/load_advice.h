@@ -30,4 +30,7 @@ LoadTrouble troubleAt(const Place& place, std::string_view message);
 /// places.
 std::string loadAdvice(const LoadTrouble& trouble);
 
+/// Whether the trouble is a text that is none of the words of its leaf.
+bool isAboutWord(const LoadTrouble& trouble);
+
 #endif

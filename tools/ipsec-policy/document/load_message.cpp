@@ -130,7 +130,7 @@ std::size_t byteOrderMarkLength(std::string_view document)
 
 LoadFault faultAt(Span piece, std::string_view document, std::string message, std::string advice)
 {
-    return {std::move(message), std::move(advice), {}, piece, positionIn(document, piece.offset), {}, {}};
+    return {std::move(message), std::move(advice), {}, piece, positionIn(document, piece.offset), {}, {}, false};
 }
 
 std::vector<std::string> namesOf(const std::vector<OpenElement>& elements)
@@ -193,6 +193,7 @@ LoadFault loadFault(const std::string& parserMessage, const Place& whole)
     else if (message.find(": wrong tag; ") != std::string::npos)
         elements.pop_back(); // it has only been read
     fault.openElements = std::move(elements);
+    fault.hasWrongWord = isAboutWord(trouble);
     if (trouble.first) {
         fault.first         = *trouble.first;
         fault.firstPosition = positionIn(place.document, fault.first.offset);

@@ -31,6 +31,8 @@ struct LoadFault {
     Span     first;
     Position firstPosition; ///< of that
 
+    bool hasWrongWord = false; ///< the place is a leaf with none of its words
+
     bool repeatsID() const { return first.length > 0; }
 };
 

@@ -39,7 +39,7 @@ if(IPSECIMPL_BUILD_TOOLS AND IPSECIMPL_RELEASE_TESTS)
     COMMAND docs/samples ${CMAKE_CXX_COMPILER}
       "-I${PROJECT_SOURCE_DIR}/include -I${PROJECT_BINARY_DIR}/include -L${PROJECT_BINARY_DIR} -lipsecimpl"
       ${PROJECT_BINARY_DIR} $<TARGET_FILE_DIR:ipsec-policy>
-      ${PROJECT_SOURCE_DIR}/docs/guide.md ${PROJECT_SOURCE_DIR}/docs/getting-started.md
+      ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/docs/guide.md ${PROJECT_SOURCE_DIR}/docs/getting-started.md
     WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
 endif()
 

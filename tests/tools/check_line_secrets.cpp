@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
@@ -152,6 +153,24 @@ TEST(CheckLineSecrets, OfALeafAloneAreFoundWithoutTheDocument)
     EXPECT_THAT(secrets.in(excerptSpan(loaded.text, name, WIDTH), name), IsEmpty());
     ASSERT_EQ(secrets.in(excerptSpan(loaded.text, key, WIDTH), key).size(), 1U);
     EXPECT_EQ(loaded.textAt(secrets.in(excerptSpan(loaded.text, key, WIDTH), key).front()), "Kq7Zm");
+}
+
+TEST(CheckLineSecrets, OfALeafThatCanHoldANumberAreWhatIsNone)
+{
+    std::string text = laidOut(storedText(loadedFrom(ikeAction(PHASES))), " ", "\n");
+    text.replace(text.find("<keyLifetime>5<") + 13, 1, "Kq7Zn");
+    const LoadedDocument loaded(text);
+    LineSecrets          secrets(loaded.source);
+    const auto           shown = [&](const std::string& what) {
+        const Span               place = {text.find(what + "</"), what.size()};
+        std::vector<std::string> texts;
+        for (const Span secret : secrets.in(excerptSpan(text, place, WIDTH), place))
+            texts.push_back(loaded.textAt(secret));
+        return texts;
+    };
+    EXPECT_THAT(shown("Kq7Zn"), ElementsAre("Kq7Zn"));
+    EXPECT_THAT(shown("12"), IsEmpty());
+    EXPECT_THAT(shown("ESP"), IsEmpty()) << "a number in a selector's <protocol>";
 }
 
 } // namespace

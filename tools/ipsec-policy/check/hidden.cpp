@@ -71,6 +71,13 @@ bool isStrayNumber(const Misreading& misreading, std::string_view document)
            !isPrintableNumber(misreading.text.in(document));
 }
 
+void sortUnique(std::vector<Span>& spans)
+{
+    std::sort(spans.begin(), spans.end(), [](Span a, Span b) { return a.offset < b.offset; });
+    const auto isSame = [](Span a, Span b) { return a.offset == b.offset; };
+    spans.erase(std::unique(spans.begin(), spans.end(), isSame), spans.end());
+}
+
 /// Whether a leaf has a text, or its attribute one, given what follows the name in its start tag.
 bool hasText(std::string_view rest)
 {
@@ -94,18 +101,23 @@ void add(std::vector<Span>& hidden, Span piece)
 
 } // namespace
 
+std::vector<Span> strayNumbersOf(const Source& source)
+{
+    std::vector<Span> strays;
+    for (const Misreading& misreading : source.misreadings())
+        if (isStrayNumber(misreading, source.document()))
+            strays.push_back(misreading.text);
+    sortUnique(strays);
+    return strays;
+}
+
 std::vector<Span> secretsOf(const Source& source)
 {
     // All keys are in actions. Elsewhere only numbers can be other than they should, and those are misread.
-    const std::string_view document = source.document();
-    std::vector<Span>      secrets  = keysIn(document, source.indexOf(Kind::ACTION).collection());
-    for (const Misreading& misreading : source.misreadings())
-        if (isStrayNumber(misreading, document))
-            secrets.push_back(misreading.text);
-
-    std::sort(secrets.begin(), secrets.end(), [](Span a, Span b) { return a.offset < b.offset; });
-    const auto isSame = [](Span a, Span b) { return a.offset == b.offset; };
-    secrets.erase(std::unique(secrets.begin(), secrets.end(), isSame), secrets.end());
+    std::vector<Span>       secrets = keysIn(source.document(), source.indexOf(Kind::ACTION).collection());
+    const std::vector<Span> strays  = strayNumbersOf(source);
+    secrets.insert(secrets.end(), strays.begin(), strays.end());
+    sortUnique(secrets);
     return secrets;
 }
 

@@ -13,6 +13,9 @@
 /// tells for a piece of it.
 std::vector<Span> secretsOf(const Source& source);
 
+/// Those of them that stand in place of a number, which takes no search in the document.
+std::vector<Span> strayNumbersOf(const Source& source);
+
 /// Whether there is a pre-shared key, a manual key or an IV in a document.
 bool holdsKeys(std::string_view document);
 

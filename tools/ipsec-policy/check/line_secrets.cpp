@@ -77,16 +77,25 @@ const std::vector<Span>& LineSecrets::in(Span line, Span what)
     const std::string_view document = source_.document();
     const Line             start(document, line);
     const LineKind         kind = start.kindWith(what);
-    ownOfLine_.clear();
-    if (kind == LineKind::TAG)
-        return ownOfLine_;
-    if (kind == LineKind::LEAF && isSecretTag(start.name())) {
-        ownOfLine_.push_back(what);
-        return ownOfLine_;
+    if (kind == LineKind::OTHER) {
+        all_ = secretsOf(source_);
+        return *all_;
     }
-    // What stands in place of a number can be a key.
-    if (kind == LineKind::LEAF && (!isNumberTag(start.name()) || isPrintableNumber(what.in(document))))
-        return ownOfLine_;
-    all_ = secretsOf(source_);
-    return *all_;
+    ownOfLine_.clear();
+    if (kind == LineKind::LEAF && (isSecretTag(start.name()) || (isNumberTag(start.name()) && isStrayNumber(what))))
+        ownOfLine_.push_back(what);
+    return ownOfLine_;
+}
+
+/// Whether `what`, the text of a leaf that can hold a number, is something else: then it can be a key.
+bool LineSecrets::isStrayNumber(Span what)
+{
+    if (isPrintableNumber(what.in(source_.document())))
+        return false;
+    // Some have a name that another leaf has, too, which holds a word.
+    if (!strayNumbers_)
+        strayNumbers_ = strayNumbersOf(source_);
+    const auto isBefore = [](Span stray, std::size_t offset) { return stray.offset < offset; };
+    const auto place    = std::lower_bound(strayNumbers_->begin(), strayNumbers_->end(), what.offset, isBefore);
+    return place != strayNumbers_->end() && place->offset == what.offset;
 }

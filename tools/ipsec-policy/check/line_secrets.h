@@ -9,8 +9,9 @@
 
 /// What must not be shown of the lines that findings are about, in a document that loads.
 ///
-/// Nearly all of them are a tag or a leaf alone, and tell by themselves. The secrets of the whole document are looked
-/// up for the first line that does not: what such a line is can depend on any before it.
+/// Nearly all of them are a tag or a leaf alone, and tell by themselves, or with what is known of misread numbers. The
+/// secrets of the whole document are looked up for the first line that does not: what such a line is can depend on any
+/// before it.
 class LineSecrets {
   public:
     /// The source must outlive the object.
@@ -26,7 +27,10 @@ class LineSecrets {
     const std::vector<Span>& in(Span line, Span what);
 
   private:
+    bool isStrayNumber(Span what);
+
     const Source&                    source_;
+    std::optional<std::vector<Span>> strayNumbers_;
     std::optional<std::vector<Span>> all_;
     std::vector<Span>                ownOfLine_;
 };

@@ -8,18 +8,15 @@
 #include "load_finding.h"
 #include "place_finder.h"
 #include "source.h"
+#include "started.h"
 #include "understood.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
-#include <functional>
-#include <future>
 #include <iterator>
 #include <optional>
 #include <string_view>
-#include <system_error>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -27,51 +24,6 @@ namespace {
 
 // A document of this size is checked about as fast as a thread is started and ended.
 const std::size_t WORTH_A_THREAD = 256 * 1024;
-
-/// Work that goes on at the same time as what follows, where it is worth a thread and there can be one; else it is done
-/// when it is waited for. It is at its end when this is destroyed.
-template <class Work>
-class Started {
-  public:
-    using Result = decltype(std::declval<Work&>()());
-
-    // Not std::async(): where there can be no thread, libc++'s waits for one for ever.
-    Started(Work work, std::string_view document)
-        : task_(std::move(work))
-        , result_(task_.get_future())
-    {
-        if (document.size() < WORTH_A_THREAD)
-            return;
-        try {
-            thread_ = std::thread(std::ref(task_));
-        } catch (const std::system_error&) { // no thread to be had
-        }
-    }
-
-    Started(const Started&)            = delete;
-    Started& operator=(const Started&) = delete;
-
-    ~Started()
-    {
-        if (thread_.joinable())
-            thread_.join();
-    }
-
-    /// The result, once. Throws what the work has thrown.
-    Result get()
-    {
-        if (thread_.joinable())
-            thread_.join();
-        else
-            task_();
-        return result_.get();
-    }
-
-  private:
-    std::packaged_task<Result()> task_;
-    std::future<Result>          result_;
-    std::thread                  thread_;
-};
 
 /// Locates the findings from `first` to `last`, which is not one of them.
 void locate(CheckedFile& file, std::size_t first, std::size_t last)
@@ -93,8 +45,8 @@ void locate(CheckedFile& file, std::size_t first, std::size_t last)
 
 void locate(CheckedFile& file)
 {
-    const std::size_t half   = file.findings.size() / 2;
-    Started second([&] { locate(file, half, file.findings.size()); }, file.text);
+    const std::size_t half = file.findings.size() / 2;
+    Started           second([&] { locate(file, half, file.findings.size()); }, file.text.size() >= WORTH_A_THREAD);
     locate(file, 0, half);
     second.get();
 }
@@ -143,7 +95,8 @@ void checkDocument(CheckedFile& file, const Algorithms* algorithms)
         return;
     }
     // Neither knows of the other, and both together take longer than all else.
-    Started source([&file] { return std::make_unique<const Source>(file.text, *file.config); }, file.text);
+    Started source([&file] { return std::make_unique<const Source>(file.text, *file.config); },
+                   file.text.size() >= WORTH_A_THREAD);
     checkModel(*file.config, algorithms, file.findings);
     file.source = source.get();
 

@@ -110,7 +110,8 @@ class IPSECIMPL_API ProtocolSelector {
     ProtocolSelector(const ProtocolSelector&)     = default;
     ProtocolSelector(ProtocolSelector&&) noexcept = default;
 
-    /// Takes everything over but the name.
+    /// Takes everything over but the name. A set that is assigned to may do this with the elements that it has, as
+    /// libc++'s does: to replace all, assign a new set by moving, or clear() it first.
     ProtocolSelector& operator=(const ProtocolSelector& other) noexcept;
 
     ~ProtocolSelector() = default;

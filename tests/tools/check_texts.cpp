@@ -1,5 +1,7 @@
 #include "check_samples.h"
 
+#include <set>
+
 using namespace ipsecimpl;
 
 namespace {
@@ -15,7 +17,7 @@ IPsecConfig described(const std::string& text)
 IPsecConfig selectorNamed(const std::string& name)
 {
     return plain([&](IPsecConfig& config) {
-        config.protocolGroups.at(1).selectors = {ProtocolSelector(name, 6, 443, 0, PROTO_IN, true)};
+        config.protocolGroups.at(1).selectors = std::set{ProtocolSelector(name, 6, 443, 0, PROTO_IN, true)};
     });
 }
 

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <sstream>
 
 using namespace ipsecimpl;
@@ -54,7 +55,7 @@ const Place PLACES[] = {
      [](const IPsecConfig& c) { return firstHost(c).addr1; }},
     {"protocol selector's name",
      [](const std::string& t) { return plain([&](IPsecConfig& c) {
-         c.protocolGroups.at(1).selectors = {ProtocolSelector(t, 6, 0, 0, PROTO_IN, false)}; }); },
+         c.protocolGroups.at(1).selectors = std::set{ProtocolSelector(t, 6, 0, 0, PROTO_IN, false)}; }); },
      [](const IPsecConfig& c) { return c.protocolGroups.at(1).selectors.begin()->name; }, true},
     {"action's name",
      [](const std::string& t) { return plain([&](IPsecConfig& c) { c.actions.at(1).nameSet(t); }); },

@@ -23,7 +23,7 @@ expect_report("a file that ends early" "</ipsec>" "" "313:0: parse_end_tag: expe
 
 expect("a missing file" 2 "missing.xml: No such file or directory\n" missing.xml)
 if(CXX_FLAGS MATCHES "-stdlib=libc\\+\\+") # its file buffer takes a read error for the end of the file
-  expect("a directory" 1 ".:1:0: parse_tag: expected '<', found '\xff'\n" .)
+  expect("a directory" 1 ".:1:0: parse_tag: expected '<', found '\\xff'\n" .)
 else()
   expect("a directory" 2 ".: cannot be read\n" .)
 endif()

@@ -99,6 +99,11 @@ TEST_F(EditStoring, KeepsOtherFilesThatHaveTheNameForTheOldOne)
     EXPECT_EQ(contentOf("old.xml"), "precious");
     EXPECT_EQ(contentOf("p.xml"), writtenForm(BEFORE));
     EXPECT_THAT(fileNames(), ElementsAre("old.xml", "p.xml"));
+
+    writeFile("p.xml~", "older");
+    EXPECT_EQ(edit({RENAME}, {"--backup=p.xml~"}),
+              troubled("p.xml~: exists already, and is not replaced by the backup"));
+    EXPECT_EQ(contentOf("p.xml~"), "older");
 }
 
 TEST_F(EditStoring, KeepsTheLastFileOnlyUnderTheUsualName)

@@ -23,9 +23,20 @@ std::string failureOf(const Action& action)
 }
 
 /// What comes of replacing the file's content; empty if all goes well.
-inline std::string edit(const std::string& fileName, const std::string& text, const std::string& backup = "")
+inline std::string edit(const std::string& fileName, const std::string& text)
+{
+    return failureOf([&] { EditedFile(fileName, USUAL_MAX_SIZE).replace(text); });
+}
+
+inline std::string editKeeping(const BackupName& backup, const std::string& fileName, const std::string& text)
 {
     return failureOf([&] { EditedFile(fileName, USUAL_MAX_SIZE).replace(text, backup); });
+}
+
+/// With a backup of that name, which is the usual one if it is what that would be called.
+inline std::string edit(const std::string& fileName, const std::string& text, const std::string& backup)
+{
+    return editKeeping({backup, backup == usualBackup(fileName).text}, fileName, text);
 }
 
 /// What comes of opening the file for that.

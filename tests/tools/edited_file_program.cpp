@@ -10,8 +10,10 @@ int main(int, char** argv)
 {
     std::signal(SIGXFSZ, SIG_IGN);
     try {
-        const std::string text = readFile("-", USUAL_MAX_SIZE);
-        EditedFile(argv[1], USUAL_MAX_SIZE).replace(text, argv[2]);
+        const std::string text   = readFile("-", USUAL_MAX_SIZE);
+        const std::string file   = argv[1];
+        const std::string backup = argv[2];
+        EditedFile(file, USUAL_MAX_SIZE).replace(text, BackupName{backup, backup == usualBackup(file).text});
         return 0;
     } catch (const Failure& failure) {
         printMessage(failure.what());

@@ -52,6 +52,17 @@ TEST_F(StoringBackup, OfAnotherNameReplacesNothing)
     }
 }
 
+TEST_F(StoringBackup, OfAGivenNameReplacesNothingEvenIfItIsTheUsualOne)
+{
+    EXPECT_EQ(editKeeping(backupNamed("policy.xml~"), "policy.xml", "new"), "");
+    EXPECT_EQ(editKeeping(backupNamed("policy.xml~"), "policy.xml", "newer"),
+              "policy.xml~: exists already, and is not replaced by the backup");
+    EXPECT_EQ(contentOf("policy.xml"), "new");
+    EXPECT_EQ(contentOf("policy.xml~"), "old");
+    EXPECT_EQ(editKeeping(usualBackup("policy.xml"), "policy.xml", "newer"), "");
+    EXPECT_EQ(contentOf("policy.xml~"), "new");
+}
+
 TEST_F(StoringBackup, HasTheModeOfTheFileWhateverTheEarlierOneHad)
 {
     for (const mode_t mode : {0600U, 0640U, 0444U, 0604U}) {

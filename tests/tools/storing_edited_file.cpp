@@ -111,7 +111,7 @@ TEST_P(ChangedMeanwhile, IsRefusedAndNothingIsTouched)
     const auto namesBefore = fileNames();
     const bool exists      = std::filesystem::is_regular_file("policy.xml");
     const auto before      = exists ? contentOf("policy.xml") : "";
-    EXPECT_EQ(failureOf([&] { file.replace("new", "policy.xml~"); }), CHANGED);
+    EXPECT_EQ(failureOf([&] { file.replace("new", usualBackup("policy.xml")); }), CHANGED);
     EXPECT_EQ(fileNames(), namesBefore);
     EXPECT_EQ(exists ? contentOf("policy.xml") : "", before);
     EXPECT_EQ(contentOf("policy.xml~"), "an older one");
@@ -156,7 +156,7 @@ TEST_F(StoringEditedFile, IsComparedByItsContentToo)
     EditedFile edited("policy.xml", USUAL_MAX_SIZE);
     EXPECT_EQ(edited.text(), "Old");
     std::memcpy(mapping, "odd", 3);
-    EXPECT_EQ(failureOf([&] { edited.replace("new", ""); }), CHANGED);
+    EXPECT_EQ(failureOf([&] { edited.replace("new"); }), CHANGED);
     EXPECT_EQ(contentOf("policy.xml"), "odd");
     munmap(mapping, 3);
 }
@@ -169,7 +169,7 @@ TEST_F(StoringEditedFile, StaysInItsFolderWhenThatIsRenamed)
     std::filesystem::rename("folder", "renamed");
     std::filesystem::create_directory("folder");
     writeFile("folder/policy.xml", "somebody else's");
-    file.replace("new", "");
+    file.replace("new");
     EXPECT_EQ(contentOf("renamed/policy.xml"), "new");
     EXPECT_EQ(contentOf("folder/policy.xml"), "somebody else's");
 }

@@ -45,7 +45,7 @@ TEST_F(StoringLock, HoldsForEveryNameOfTheFile)
 TEST_F(StoringLock, HoldsOnTheNewFileToo)
 {
     EditedFile file("policy.xml", USUAL_MAX_SIZE);
-    file.replace("new", "");
+    file.replace("new");
     EXPECT_EQ(openForEditing("policy.xml"), BEING_EDITED);
 }
 
@@ -61,7 +61,7 @@ TEST_F(StoringLock, EndsWhenReplacingWasRefused)
     {
         EditedFile file("policy.xml", USUAL_MAX_SIZE);
         writeFile("policy.xml", "changed");
-        EXPECT_NE(failureOf([&] { file.replace("new", ""); }), "");
+        EXPECT_NE(failureOf([&] { file.replace("new"); }), "");
     }
     EXPECT_EQ(openForEditing("policy.xml"), "");
 }
@@ -80,7 +80,7 @@ TEST_F(StoringLock, DoesNotKeepReadersOut)
     while (times > 0) {
         try {
             EditedFile file("number", USUAL_MAX_SIZE);
-            file.replace(std::to_string(std::stoi(file.text()) + 1), "");
+            file.replace(std::to_string(std::stoi(file.text()) + 1));
             --times;
         } catch (const Failure& failure) {
             if (failure.what() != std::string("number: is being edited by another ipsec-policy"))

@@ -184,9 +184,11 @@ try {
     throw Failure(failure.status, printable(fileName) + " is stored, but " + failure.what());
 }
 
-std::string backupName(const Options& options)
+std::optional<BackupName> backupOf(const Options& options)
 {
-    return options.backup.empty() ? usualBackup(options.file) : options.backup;
+    if (!options.keepsBackup)
+        return std::nullopt;
+    return options.backup.empty() ? usualBackup(options.file) : backupNamed(options.backup);
 }
 
 /// What to tell of an edit that is done, or is not to be done.
@@ -213,7 +215,7 @@ ExitStatus edit(const Options& options)
     const Edit edited(file.text(), script, options);
     if (!edited.isChange())
         return tell(resultOf(edited, options));
-    file.replace(edited.stored(), options.keepsBackup ? backupName(options) : "");
+    file.replace(edited.stored(), backupOf(options));
     tellRemarks(edited);
     return tellStored(resultOf(edited, options), options.file);
 }

@@ -45,7 +45,7 @@ ExitStatus formatInPlace(const std::string& fileName, const Options& options)
     EditedFile        file(fileName, options.maxSize);
     const std::string text = formatted(file.text(), fileName, options);
     if (text != file.text())
-        file.replace(text, "");
+        file.replace(text);
     return ExitStatus::CLEAN;
 }
 

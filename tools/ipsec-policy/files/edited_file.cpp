@@ -32,17 +32,17 @@ FileVersion versionOf(int file, const std::string& fileName)
 class Backup {
   public:
     /// Writes it, yet without the name.
-    Backup(const LockedFile& file, std::string_view content, const std::string& name)
+    Backup(const LockedFile& file, std::string_view content, const BackupName& name)
         : file_(file)
-        , mayReplace_(name == usualBackup(file.place().fileName()))
-        , place_(name)
+        , mayReplace_(name.isUsual)
+        , place_(name.text)
         , copy_((refuseOthers(), place_))
     {
         // Others may get at the folder who could not get at the file's.
         if (place_.isInFolderOf(file.place()))
-            keepAccess(file.descriptor(), copy_.descriptor(), name);
+            keepAccess(file.descriptor(), copy_.descriptor(), name.text);
         else
-            keepOwnersAccess(file.descriptor(), copy_.descriptor(), name);
+            keepOwnersAccess(file.descriptor(), copy_.descriptor(), name.text);
         copy_.write(content);
     }
 
@@ -82,9 +82,14 @@ class Backup {
 
 } // namespace
 
-std::string usualBackup(const std::string& fileName)
+BackupName usualBackup(const std::string& fileName)
 {
-    return fileName + '~';
+    return {fileName + '~', true};
+}
+
+BackupName backupNamed(const std::string& name)
+{
+    return {name, false};
 }
 
 EditedFile::EditedFile(const std::string& fileName, std::size_t maxSize)
@@ -99,12 +104,12 @@ EditedFile::EditedFile(const std::string& fileName, std::size_t maxSize)
 
 EditedFile::~EditedFile() = default;
 
-void EditedFile::replace(std::string_view text, const std::string& backup)
+void EditedFile::replace(std::string_view text, const std::optional<BackupName>& backup)
 {
     const auto            successor = file_->successor(text);
     std::optional<Backup> kept;
-    if (!backup.empty())
-        kept.emplace(*file_, text_, backup);
+    if (backup)
+        kept.emplace(*file_, text_, *backup);
     refuseChanged();
     if (kept.has_value())
         kept->finish();

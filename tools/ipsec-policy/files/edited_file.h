@@ -3,14 +3,21 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
 class FileVersion;
 class LockedFile;
 
-/// The name under which a file's old content is usually kept, and the earlier one is replaced.
-std::string usualBackup(const std::string& fileName);
+/// Where a file's old content is kept.
+struct BackupName {
+    std::string text;
+    bool        isUsual; ///< then an earlier backup of that name is replaced
+};
+
+BackupName usualBackup(const std::string& fileName);
+BackupName backupNamed(const std::string& name);
 
 /// A document's file that is to be replaced by what becomes of it.
 ///
@@ -32,10 +39,10 @@ class EditedFile {
     const std::string& text() const { return text_; }
 
     /// Puts `text` into the file, whole or not at all, with the file's mode, owner and attributes; symbolic links are
-    /// followed. If `backup` is not empty, the old content is kept under that name, for nobody who could not read it
-    /// before. Refuses to replace what has that name already, unless it is a regular file and the usual backup, and
+    /// followed. The old content is kept as `backup`, if there is one, for nobody who could not read it before.
+    /// Refuses to replace what has that name already, unless it is a regular file and the name is the usual one, and
     /// when the file is not any more what was read. To be called once at most.
-    void replace(std::string_view text, const std::string& backup);
+    void replace(std::string_view text, const std::optional<BackupName>& backup = std::nullopt);
 
   private:
     void refuseChanged() const;

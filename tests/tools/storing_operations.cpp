@@ -59,13 +59,28 @@ StoringFaults::StoringFaults()
 {
 }
 
+namespace {
+
+/// Leaves out what of the calls not every run makes: a random key is drawn again until it has characters of all kinds.
+void eraseFurtherKeys(std::vector<SystemCall>& calls)
+{
+    int        keys    = 0;
+    const auto isAgain = [&keys](const SystemCall& call) {
+        return call.name == "getrandom" && call.shown.find(", 32, 0)") != std::string::npos && ++keys > 1;
+    };
+    calls.erase(std::remove_if(calls.begin(), calls.end(), isAgain), calls.end());
+}
+
+} // namespace
+
 void StoringFaults::SetUp()
 {
     if (!whyNoTrace().empty())
         GTEST_SKIP() << whyNoTrace();
     prepare();
     calls_ = systemCallsOf(GetParam().traced);
-    new_   = withoutKey(contentOf("policy.xml"));
+    eraseFurtherKeys(calls_);
+    new_ = withoutKey(contentOf("policy.xml"));
     ASSERT_GT(calls_.size(), 10U);
     ASSERT_NE(new_, old_);
     names_ = fileNames();

@@ -170,9 +170,20 @@ TEST(Understood, ANextIDIsANumberToo)
 TEST(Understood, OfSeveralNextIDsOneCounts)
 {
     EXPECT_THAT(misreadingsIn(document("", "", "", "<nextpolicy>5</nextpolicy><nextpolicy>9</nextpolicy>")),
-                ElementsAre("next-id-raised policies/nextpolicy [5]: The next ID is 9 instead of 5, because there are "
-                            "greater IDs. Write 9.",
+                ElementsAre("next-id-raised policies/nextpolicy [5]: The next ID is 9 instead of 5, because a greater "
+                            "one stands behind it. Write 9.",
                             "next-id-repeated policies/nextpolicy [9]: The collection has a next ID before this one. "
+                            "Remove one."));
+}
+
+TEST(Understood, ANextIDThatIsTooLowForTheIDsIsRaisedWhateverStandsBehindIt)
+{
+    EXPECT_THAT(misreadingsIn(policies("<nextpolicy>2</nextpolicy><nextpolicy>3</nextpolicy>", 8)),
+                ElementsAre("next-id-raised policies/nextpolicy [2]: The next ID is 9 instead of 2, because there are "
+                            "greater IDs. Write 9.",
+                            "next-id-raised policies/nextpolicy [3]: The next ID is 9 instead of 3, because there are "
+                            "greater IDs. Write 9.",
+                            "next-id-repeated policies/nextpolicy [3]: The collection has a next ID before this one. "
                             "Remove one."));
 }
 

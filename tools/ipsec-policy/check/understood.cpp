@@ -101,16 +101,29 @@ Finding numberFinding(const Misreading& misreading, std::string_view text, const
     return changedFinding(misreading);
 }
 
-/// What a next ID was read as is not what is stored, if that is greater.
-void checkNextID(const Misreading& misreading, std::string_view text, Findings& findings)
+/// Whether the next ID that is in force stands in the document as well, behind the one that was misread.
+bool isRepeated(const Misreading& nextID, const Source& source)
 {
-    const std::string read = std::to_string(readID(text));
+    for (const Misreading& other : source.misreadings())
+        if (other.how == Misread::REPEATED_NEXT_ID && other.path.kind == nextID.path.kind &&
+            std::to_string(readID(other.text.in(source.document()))) == nextID.stored)
+            return true;
+    return false;
+}
+
+/// What a next ID was read as is not what is stored, if that is greater.
+void checkNextID(const Misreading& misreading, const Source& source, Findings& findings)
+{
+    const std::string_view text = misreading.text.in(source.document());
+    const std::string      read = std::to_string(readID(text));
     if (text != read)
         findings.push_back(numberFinding(misreading, text, read));
     if (read != misreading.stored)
-        findings.push_back(findingAt(NEXT_ID_RAISED, misreading,
-                                     "The next ID is " + misreading.stored + " instead of " + read +
-                                         ", because there are greater IDs. Write " + misreading.stored + "."));
+        findings.push_back(findingAt(
+            NEXT_ID_RAISED, misreading,
+            "The next ID is " + misreading.stored + " instead of " + read + ", because " +
+                (isRepeated(misreading, source) ? "a greater one stands behind it" : "there are greater IDs") +
+                ". Write " + misreading.stored + "."));
 }
 
 Finding trimmedFinding(const Misreading& misreading)
@@ -122,9 +135,9 @@ Finding trimmedFinding(const Misreading& misreading)
     return findingAt(WHITE_SPACE_TRIMMED, misreading, "White space around the text was dropped.");
 }
 
-void check(const Misreading& misreading, std::string_view document, Findings& findings)
+void check(const Misreading& misreading, const Source& source, Findings& findings)
 {
-    const std::string_view text = misreading.text.in(document);
+    const std::string_view text = misreading.text.in(source.document());
     switch (misreading.how) {
     case Misread::OTHERWISE:
         findings.push_back(numberFinding(misreading, text, misreading.stored));
@@ -143,7 +156,7 @@ void check(const Misreading& misreading, std::string_view document, Findings& fi
                                      "Remove it, or write what it was meant to be."));
         break;
     case Misread::NEXT_ID:
-        checkNextID(misreading, text, findings);
+        checkNextID(misreading, source, findings);
         break;
     case Misread::REPEATED_NEXT_ID:
         findings.push_back(
@@ -188,6 +201,6 @@ void checkEntities(const Source& source, Findings& findings)
 void checkUnderstood(const Source& source, Findings& findings)
 {
     for (const Misreading& misreading : source.misreadings())
-        check(misreading, source.document(), findings);
+        check(misreading, source, findings);
     checkEntities(source, findings);
 }

@@ -113,6 +113,9 @@ TEST_F(EditRemarks, TellOfANameThatAnotherHas)
         TAKEN + "There are 2 host groups of the name 'web'. Commands must call them by ID. [repeated-name]";
     expectRemarks({"add host-group web", "add action web"}, {"-e:1: " + twice});
     expectRemarks({"set host-group 1 name=b", "add host-group c", "replace host-group 3 web"}, {"-e:3: " + twice});
+    expectRemarks({"add host-group Any", "add built-in host-group any"},
+                  {"-e:2: " + TAKEN +
+                   "There are 2 host groups of the name 'Any'. Commands must call them by ID. [repeated-name]"});
 }
 
 TEST_F(EditRemarks, AreSilentOfANameThatIsAnothersForAWhileOrWasBefore)

@@ -137,6 +137,8 @@ struct Refusal {
 
 // clang-format off
 const Refusal WRONG_HOSTS[] = {
+    {"10.0.0.1 - 10.0.0.9",     "'10.0.0.1' is a selector alone: others follow behind a comma, and a range has no blanks in it"},
+    {"2001:db8:: /48",          "'2001:db8::' is a selector alone: others follow behind a comma, and a range has no blanks in it"},
     {"",                        "a selector is missing"},
     {" ",                       "a selector is missing"},
     {"\"\"",                    "'' is not an IPv4 or IPv6 address"},
@@ -166,7 +168,7 @@ const Refusal WRONG_HOSTS[] = {
     {"::/255.0.0.0",            "'::/255.0.0.0' is not a subnet: what follows the / is no IPv6 netmask"},
     {"10.2.0.0/255.0.255.0",    "'10.2.0.0/255.0.255.0' is not a subnet: the netmask has holes"},
     {"10.2.0.0/0.0.0.1",        "'10.2.0.0/0.0.0.1' is not a subnet: the netmask has holes"},
-    {"10.0.0.1 10.0.0.2",       "'10.0.0.1' is no address family (AF_INET, AF_INET6, AF_ANY)"},
+    {"10.0.0.1 10.0.0.2",       "'10.0.0.1' is a selector alone: others follow behind a comma, and a range has no blanks in it"},
     {"AF_INET HOST",            "'HOST' is no selectorType (NONE, SINGLE, RANGE, SUBNET_LENGTH, SUBNET_MASK, LOCAL, "
                                 "ANY, MCAST)"},
     {"AF_INET ANY addr1=x",     "such a selector is written AF_INET ANY"},

@@ -135,12 +135,16 @@ void Editor::addBuiltIn(CommandWords& words)
     const std::string word   = words.take("the name of the built-in");
     const auto        fields = words.takeFields({ID_FIELD}, "", secrets_);
     const auto        id     = idIn(fields);
+    const auto        add    = [&](auto& objects, auto object) {
+        const auto added = objects.add(std::move(object), id);
+        remarks_.add(line_, added, *objects.find(added), [](std::string_view path) { return path == "name"; });
+    };
     if (kind == Kind::HOST_GROUP)
-        config_.hostGroups.add(HostGroup(builtInHostGroup(word)), id);
+        add(config_.hostGroups, HostGroup(builtInHostGroup(word)));
     else if (kind == Kind::PROTOCOL_GROUP)
-        config_.protocolGroups.add(ProtocolGroup(builtInProtocolGroup(word)), id);
+        add(config_.protocolGroups, ProtocolGroup(builtInProtocolGroup(word)));
     else if (kind == Kind::ACTION)
-        config_.actions.add(IPsecAction(builtInAction(word)), id);
+        add(config_.actions, IPsecAction(builtInAction(word)));
     else
         throw commandFailure("there are no built-in policies");
 }

@@ -100,6 +100,9 @@ std::vector<const char*> tagsOf(const AddressType& type)
 /// The spelling for everything, with the words and tags of the document.
 HostSelector readExplicit(const std::vector<std::string_view>& words)
 {
+    if (const std::string first = unquoted(words[0]); addressIn(first))
+        throw commandFailure('\'' + first +
+                             "' is a selector alone: others follow behind a comma, and a range has no blanks in it");
     const auto family = readEnum<AddressFamily>(unquoted(words[0]), "address family");
     const auto type   = readEnum<AddressType>(unquoted(words[1]), "selectorType");
     const auto tags   = tagsOf(type);

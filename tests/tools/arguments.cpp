@@ -88,8 +88,8 @@ Nothing can be escaped in this format: a text cannot hold '<', or have white
 space at an end. A configuration that would not load as the same once written
 is refused with exit status 1, just like one that does not load at all. So is,
 unless --force is given, one with a value that was not understood as written,
-such as a number with something behind it, an octal or an empty one: 'check'
-tells of all of them.
+such as a number with something behind it, an octal or an empty one, or with a
+selector that a group has twice: 'check' tells of all of them.
 
 --check exits with 1 if a file is not in the written form, and names the first
 line that would change. With --check and --in-place there may be several FILEs.

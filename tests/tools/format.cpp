@@ -105,6 +105,41 @@ TEST(Format, RefusesOctalNumbersWhichPeopleHardlyMean)
     EXPECT_EQ(run({"format", "-", "--force"}, octal), printed(rewritten<IPsecConfig>(octal)));
 }
 
+TEST(Format, RefusesToDropASelectorThatAGroupHasTwice)
+{
+    const auto selector = [](const std::string& name) {
+        return "<protocolSelector><name>" + name +
+               "</name><protocol>6</protocol><direction>IN</direction><mirrored>MIRRORED</mirrored></protocolSelector>";
+    };
+    const auto withSelectors = [&](const std::string& host, const std::string& selectors) {
+        return document(entry("hostGroup", 1,
+                              group("hostGroup", "a", "",
+                                    "<hostSelector><family>AF_INET</family><selectorType>SUBNET_LENGTH</selectorType>"
+                                    "<addr1>10.0.0.0</addr1><length>" +
+                                        host + "</length></hostSelector>")),
+                        entry("protocolGroup", 1, group("protocolGroup", "b", "", selectors)));
+    };
+    const std::string dropped = "This selector says the same as one before it in its group, whatever their names, and "
+                                "was dropped. Remove it, or write what it was meant to be.\nIt is ";
+    const std::string stored = " not understood as written, and stored it would stay so. Correct the document, or give "
+                               "--force.";
+
+    const std::string twice = withSelectors("8", selector("web") + selector("mail"));
+    const std::string place = "standard input:1:" + std::to_string(twice.rfind("<protocolSelector>") + 1) +
+                              ": protocolGroups/1/selectors/1: ";
+    EXPECT_EQ(run({"format", "-"}, twice), refused(place + dropped + "the only selector that was" + stored));
+    EXPECT_EQ(run({"format", "-", "--force"}, twice), printed(rewritten<IPsecConfig>(twice)));
+
+    const std::string both = withSelectors("08", selector("web") + selector("mail") + selector("mail"));
+    EXPECT_EQ(
+        run({"format", "-"}, both),
+        refused("standard input:1:" + std::to_string(both.find("08<") + 1) +
+                ": hostGroups/1/selectors/1/length: '08' was read as 0, because a leading 0 makes it octal, and 8 "
+                "and 9 are no octal digits. Write it without the leading 0.\nIt is one of 1 value and 2 selectors "
+                "that were" +
+                stored));
+}
+
 TEST(Format, RefusesEmptyNumbersInEveryForm)
 {
     for (const std::string length : {"<length></length>", "<length/>", "<length value=''/>", "<length> </length>"}) {

@@ -49,6 +49,23 @@ TEST_F(MisreadNotice, OfTwoDocumentsNamesTheOne)
     EXPECT_EQ(run({"diff", "b.xml", "a.xml"}), (Outcome{0, "", notice("b.xml: 2 values were")}));
 }
 
+TEST_F(MisreadNotice, IsForSelectorsThatAreDroppedToo)
+{
+    const std::string selector =
+        "<hostSelector><family>AF_INET</family><selectorType>ANY</selectorType></hostSelector>";
+    const auto having = [&](const std::string& selectors, const std::string& id) {
+        return document(entry("hostGroup", 1, group("hostGroup", "a", "", selectors)), "", "",
+                        entry("policy", 1,
+                              "<policy><hostGroupID>" + id +
+                                  "</hostGroupID><protocolGroupID>1</protocolGroupID>"
+                                  "<actionID>1</actionID></policy>"));
+    };
+    EXPECT_EQ(run({"show", "-"}, having(selector, "1")).err, "");
+    EXPECT_EQ(run({"show", "-"}, having(selector + selector, "1")).err, notice("standard input: 1 selector was"));
+    EXPECT_EQ(run({"show", "-"}, having(selector + selector + selector, "x")).err,
+              notice("standard input: 1 value and 2 selectors were"));
+}
+
 TEST_F(MisreadNotice, IsNotForOtherSpellingsOfAValue)
 {
     std::string text = misreading(0);

@@ -277,8 +277,9 @@ const Command EDIT_COMMAND = {
     "point that is no address or none of a node, a policy that names what does not\n"
     "exist, an SPI below 256, a lifetime of 0. The rest is for 'check' to tell.\n\n"
     "A document with a value that was not understood as written, such as a number\n"
-    "with something behind it, an octal or an empty one, is refused unless --force is\n"
-    "given: storing would make that for good.",
+    "with something behind it, an octal or an empty one, or with a selector that a\n"
+    "group has twice, is refused unless --force is given: storing would make that for\n"
+    "good.",
     "ipsec-policy edit policy.xml -e 'add host-group Berlin selectors=10.2.0.0/16'\n"
     "ipsec-policy edit policy.xml -e 'set action 4 ikePhase1/presharedKey=?'\n"
     "ipsec-policy edit policy.xml --dry-run branch.edit\n"

@@ -3,6 +3,7 @@
 #include "huge_pages.h"
 #include "started.h"
 #include "terminal.h"
+#include "text.h"
 
 #include <cstddef>
 #include <string>
@@ -20,11 +21,6 @@ const std::size_t USUAL_SIZE = 320;
 
 // So many findings are laid out about as fast as a thread is started and ended.
 const std::size_t WORTH_A_THREAD = 500;
-
-std::string counted(std::size_t count, const char* what)
-{
-    return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
-}
 
 class TextReport : public Report {
   public:

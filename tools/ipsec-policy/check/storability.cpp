@@ -15,11 +15,16 @@ using namespace ipsecimpl;
 
 namespace {
 
+bool isDropped(const Finding& finding)
+{
+    return finding.rule == &understood::DUPLICATE_SELECTOR;
+}
+
 /// Whether storing the configuration would lose what stands in the document. That is no matter of the level: an octal
-/// number is a warning only, as it may be meant, but nobody could see it any more.
+/// number and a selector's second name are warnings only, as they may be meant so, but nobody could see them any more.
 bool isLoss(const Finding& finding)
 {
-    return understood::isOfAnotherNumber(*finding.rule);
+    return understood::isOfAnotherNumber(*finding.rule) || isDropped(finding);
 }
 
 std::string placeOf(const Finding& finding, std::string_view document)
@@ -35,11 +40,24 @@ Findings lossesIn(std::string_view document, const IPsecConfig& config)
     return findings;
 }
 
+/// Such as "2 values and 1 selector". There are some.
+std::string countOf(const Findings& losses)
+{
+    const auto dropped = static_cast<std::size_t>(std::count_if(losses.begin(), losses.end(), isDropped));
+    const auto values  = losses.size() - dropped;
+    if (dropped == 0)
+        return counted(values, "value");
+    return (values == 0 ? "" : counted(values, "value") + " and ") + counted(dropped, "selector");
+}
+
 } // namespace
 
-std::size_t countMisread(std::string_view document, const IPsecConfig& config)
+std::string misreadIn(std::string_view document, const IPsecConfig& config)
 {
-    return lossesIn(document, config).size();
+    const Findings losses = lossesIn(document, config);
+    if (losses.empty())
+        return "";
+    return countOf(losses) + (losses.size() == 1 ? " was" : " were") + " not understood as written";
 }
 
 void refuseMisread(std::string_view document, const IPsecConfig& config, const std::string& fileName)
@@ -51,13 +69,13 @@ void refuseMisread(std::string_view document, const IPsecConfig& config, const s
     const auto        first = std::min_element(findings.begin(), findings.end(),
                                                [](const Finding& a, const Finding& b) { return a.offset < b.offset; });
     const std::string shown = isStandardStream(fileName) ? "standard input" : printable(fileName);
-    const std::string count = findings.size() == 1
-                                  ? "It is the only value that was"
-                                  : "It is one of " + std::to_string(findings.size()) + " values that were";
-    throw Failure(
-        ExitStatus::FINDINGS,
-        shown + ':' + placeOf(*first, document) + ": " + first->message + '\n' + count +
-            " not understood as written, and stored it would stay so. Correct the document, or give --force.");
+    const std::string only  = isDropped(*first) ? "selector" : "value";
+    const std::string count =
+        findings.size() == 1 ? "the only " + only + " that was" : "one of " + countOf(findings) + " that were";
+    throw Failure(ExitStatus::FINDINGS,
+                  shown + ':' + placeOf(*first, document) + ": " + first->message + "\nIt is " + count +
+                      " not understood as written, and stored it would stay so. Correct the document, or give "
+                      "--force.");
 }
 
 std::string firstUnstorable(const IPsecConfig& config)

@@ -45,10 +45,9 @@ void tellOfMisread(std::string_view text, const IPsecConfig& config, const std::
 {
     const std::size_t CHEAP = 256 * 1024;
 
-    const std::size_t count = text.size() < CHEAP ? countMisread(text, config) : 0;
-    if (count > 0)
-        printMessage(shownFile(fileName) + ": " + std::to_string(count) + (count == 1 ? " value was" : " values were") +
-                     " not understood as written; 'ipsec-policy check' tells which");
+    const std::string misread = text.size() < CHEAP ? misreadIn(text, config) : "";
+    if (!misread.empty())
+        printMessage(shownFile(fileName) + ": " + misread + "; 'ipsec-policy check' tells which");
 }
 
 } // namespace

@@ -184,6 +184,11 @@ std::string sentenceStart(std::string text)
     return text;
 }
 
+std::string counted(std::size_t count, const char* what)
+{
+    return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
+}
+
 std::size_t columnsOf(std::string_view text)
 {
     if (isPlain(text))

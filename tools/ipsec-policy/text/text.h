@@ -24,6 +24,9 @@ bool isPlain(std::string_view text);
 /// A text of the program's own, with its first letter, a to z, as a sentence begins.
 std::string sentenceStart(std::string text);
 
+/// Such as "1 file" and "3 files".
+std::string counted(std::size_t count, const char* what);
+
 /// How many columns a printable text takes on a terminal.
 std::size_t columnsOf(std::string_view text);
 

@@ -42,7 +42,7 @@ Usage: ipsec-policy [OPTION ...] COMMAND ...
 
 Options:
   -h,--help             Print this help message and exit
-  -V,--version          Print the version and how the program was built, and exit
+  -V,--version          Print the version and how it was built, and exit
 
 Commands:
   new                   Make a starter configuration.

@@ -83,7 +83,7 @@ void declareArguments(CLI::App& app, std::function<ExitStatus()>& chosen)
 {
     declareLooks(app);
     app.get_help_ptr()->disable_flag_override();
-    app.set_version_flag("-V,--version", buildFacts, "Print the version and how the program was built, and exit")
+    app.set_version_flag("-V,--version", buildFacts, "Print the version and how it was built, and exit")
         ->disable_flag_override();
     app.require_subcommand(1);
     app.footer("'ipsec-policy COMMAND --help', or 'help COMMAND', tells more about a command.\n\n"

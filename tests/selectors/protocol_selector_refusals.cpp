@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 
@@ -81,6 +82,19 @@ TEST(ProtocolSelectorRefusal, RefusesUnknownChildren)
     for (const char* tag : {"x", "Protocol", "port", "dstProt", "proto&col", "id", "protocolSelector"})
         EXPECT_EQ(refusalOf<Selector>(changed(webSelector, close, leaf(tag, "1") + close)),
                   "unknown attribute: '" + std::string(tag) + "'");
+}
+
+TEST(ProtocolSelectorRefusal, RefusesAChildWithoutAName)
+{
+    const std::string unnamed = "parse_tag: unnamed tag" + from;
+    // clang-format off
+    expectRefused<Selector>(webSelector, {
+        {open,  open + "<>6</>",     unnamed},
+        {close, "<>1</>" + close,    unnamed},
+        {close, "<></>" + close,     unnamed},
+        {close, "< x>1</x>" + close, unnamed},
+    });
+    // clang-format on
 }
 
 TEST(ProtocolSelectorRefusal, SeesThatAChildIsBadlyFormedBeforeItSeesThatItIsUnknown)
@@ -178,6 +192,19 @@ TEST(ProtocolSelectorRefusal, ReadsItsEndTagBeforeItMissesChildren)
     EXPECT_EQ(refusalOf<Selector>(open + "</x>"), "parse_end_tag: begin/end tags don't match" + from);
     EXPECT_EQ(refusalOf<Selector>(changed(withText(webSelector, "protocol", "0"), close, "</protocolSelector >")),
               "parse_end_tag: malformed end tag" + from);
+}
+
+TEST(ProtocolSelectorRefusal, LeavesTheParserInTheElement)
+{
+    // The parser is not rolled back: the message that comes next still names what is open.
+    for (const std::string& child : {leaf("direction", "x"), leaf("mirrored", "x"), leaf("x", "1"),
+                                     leaf("protocol", "6") + leaf("protocol", "6")}) {
+        std::istringstream in(open + child + "</y>");
+        XMLParser          parser(in);
+        EXPECT_ANY_THROW(Selector::importXML(parser)) << child;
+        EXPECT_EQ(errorOf([&] { parser.parse_end_tag(); }), "parse_end_tag: begin/end tags don't match" + from)
+            << child;
+    }
 }
 
 TEST(ProtocolSelectorRefusal, IsRefusedWhereverItIsCut)

@@ -257,6 +257,13 @@ TEST(IndexedCollection, GoesOnWithItsOwnEntriesAfterASelfClosedElement)
               "unknown tag: policies");
 }
 
+TEST(IndexedCollection, RefusesTheEndTagOfAnEntryWhileWhatIsAroundItIsOpen)
+{
+    const std::string ended = "<policies><policyEntry><id>1</id><policy/>" + policyChildren + "</policyEntry>";
+    EXPECT_EQ(refusalOf<Policies>(ended + "</policyEntry></policies>"),
+              "parse_end_tag: begin/end tags don't match\nfrom <policies>");
+}
+
 TEST(IndexedCollection, RefusesAnEndTagWhenSelfClosedElementsHaveLeftNoneOpen)
 {
     const std::string leaves = "<changeCount/><name/><builtinName/><descr/><builtinDescr/><type/><state/>"

@@ -82,6 +82,23 @@ TEST(Writing, FlushesOnceAtTheEndOfEachLine)
     EXPECT_EQ(sink.pieces(), lines);
 }
 
+TEST(Writing, FlushesAfterEachPieceIntoAStreamThatFlushesByItself)
+{
+    FlushRecorder sink;
+    std::ostream  out(&sink);
+    out << std::unitbuf;
+    Policy(7, 7, 7).exportXML(out);
+
+    FlushRecorder     piecewise; // at the end of a line some standard libraries flush twice
+    std::ostream      pieces(&piecewise);
+    const std::string element = "policy";
+    pieces << std::unitbuf << '<' << element << '>' << std::endl;
+    for (const char* name : {"hostGroupID", "protocolGroupID", "actionID"})
+        pieces << '<' << name << '>' << 7 << "</" << name << '>' << std::endl;
+    pieces << "</" << element << '>' << std::endl;
+    EXPECT_EQ(sink.pieces(), piecewise.pieces());
+}
+
 TEST(Writing, PutsAnEmptyTextBetweenItsTagsOnOneLine)
 {
     EXPECT_THAT(linesOf(written(HostGroup("", 0, "", 0))),

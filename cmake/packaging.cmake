@@ -45,6 +45,8 @@ if(DOXYGEN)
   add_custom_target(reference ALL DEPENDS ${reference}/html/index.html)
   install(DIRECTORY ${reference}/html
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/ipsecimpl-doc COMPONENT documentation)
+  install(FILES ${packaging}/ipsecimpl-doc.doc-base RENAME ipsecimpl-doc
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc-base COMPONENT documentation)
 endif()
 
 # ipsecimpl_package(COMPONENT NAME MULTI_ARCH SECTION DEPENDS SUMMARY TEXT): what a package says of itself
@@ -85,6 +87,8 @@ set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SHLIBDEPS OFF)
 
+set(CPACK_IPSECIMPL_STRIP ${CMAKE_STRIP})
+set(CPACK_PRE_BUILD_SCRIPTS ${packaging}/stage.cmake)
 set(CPACK_POST_BUILD_SCRIPTS ${packaging}/finish.cmake)
 
 include(CPack)

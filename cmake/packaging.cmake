@@ -24,8 +24,11 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_BINARY_DIR})
 if(CMAKE_CROSSCOMPILING)
   execute_process(COMMAND dpkg-architecture -t ${CMAKE_LIBRARY_ARCHITECTURE} -q DEB_HOST_ARCH
     OUTPUT_VARIABLE CPACK_DEBIAN_PACKAGE_ARCHITECTURE OUTPUT_STRIP_TRAILING_WHITESPACE)
-  # Where the cross compiler's libraries are, for dpkg-shlibdeps.
+  # Where the cross compiler's libraries are, for dpkg-shlibdeps. It finds them in packages of the machine that builds, which
+  # finish.cmake replaces by those of the target; of the C++ library they do not know how new it has to be.
   list(APPEND CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS /usr/${CMAKE_LIBRARY_ARCHITECTURE}/lib)
+  set(CPACK_IPSECIMPL_CROSS_ARCHITECTURE ${CPACK_DEBIAN_PACKAGE_ARCHITECTURE})
+  string(REGEX MATCH "^[0-9]+" CPACK_IPSECIMPL_CROSS_COMPILER ${CMAKE_CXX_COMPILER_VERSION})
 endif()
 
 string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)

@@ -32,7 +32,7 @@ test_packages=("${abi_packages[@]}" bsdutils clang doxygen fish groff-base libcl
 matrix_packages=("${test_packages[@]}" libc++-dev libc++abi-dev googletest g++-i686-linux-gnu
     g++-arm-linux-gnueabihf g++-powerpc-linux-gnu qemu-user)
 debs_packages=("${build_packages[@]}" debootstrap doxygen dpkg-dev lintian)
-debs_armhf_packages=(g++-arm-linux-gnueabihf)
+debs_armhf_packages=(g++-arm-linux-gnueabihf qemu-user)
 coverage_packages=("${test_packages[@]}" python3)
 mutate_packages=("${coverage_packages[@]}" lld)
 valgrind_packages=("${test_packages[@]}" libc6-dbg valgrind)

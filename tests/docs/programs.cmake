@@ -35,11 +35,13 @@ endif()
 
 # What the documents show is what happens.
 if(IPSECIMPL_BUILD_TOOLS AND IPSECIMPL_RELEASE_TESTS)
+  set(documents guide.md getting-started.md check.md completion.md show.md)
+  list(TRANSFORM documents PREPEND ${PROJECT_SOURCE_DIR}/docs/)
   add_test(NAME samples_in_documents
     COMMAND docs/samples ${CMAKE_CXX_COMPILER}
       "-I${PROJECT_SOURCE_DIR}/include -I${PROJECT_BINARY_DIR}/include -L${PROJECT_BINARY_DIR} -lipsecimpl"
       ${PROJECT_BINARY_DIR} $<TARGET_FILE_DIR:ipsec-policy>
-      ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/docs/guide.md ${PROJECT_SOURCE_DIR}/docs/getting-started.md
+      ${PROJECT_SOURCE_DIR}/README.md ${documents}
     WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
 endif()
 

@@ -37,7 +37,7 @@ std::string hiddenCharacterIn(std::string_view text, bool mayHaveLines)
         const bool             isLone    = size == 1 && static_cast<unsigned char>(character.front()) >= 0x80;
         if (isLone || character == "\\" || (mayHaveLines && isLineSpace(character)))
             continue;
-        if (const std::string shown = printable(character); shown != character)
+        if (std::string shown = printable(character); shown != character)
             return shown;
     }
     return {};

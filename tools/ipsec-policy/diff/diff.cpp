@@ -150,15 +150,16 @@ std::string textOfReference(const IPsecConfig& config, Kind kind, unsigned int i
     const std::string text = std::to_string(id);
     if (id == 0)
         return text + " (none)";
-    return withCollection(config, kind, [id, &text](const auto& collection) {
+    const auto rest = [id](const auto& collection) -> std::string {
         const auto* const object = collection.find(id);
         if (object == nullptr)
-            return text + " (missing)";
+            return " (missing)";
         if constexpr (std::is_same_v<std::decay_t<decltype(collection)>, Policies>)
-            return text;
+            return "";
         else
-            return text + " '" + printable(nameOf(*object)) + "'";
-    });
+            return " '" + printable(nameOf(*object)) + "'";
+    };
+    return text + withCollection(config, kind, rest);
 }
 
 std::string diffText(const IPsecConfig& before, const IPsecConfig& after, const DiffOptions& options)

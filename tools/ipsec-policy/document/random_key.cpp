@@ -40,7 +40,7 @@ bool hasOneOf(const std::string& key, const char* characters)
 std::string randomKey()
 {
     for (;;) {
-        const std::string key = anyKey(); // nearly always good the first time
+        std::string key = anyKey(); // nearly always good the first time
         if (hasOneOf(key, "ABCDEFGHIJKLMNOPQRSTUVWXYZ") && hasOneOf(key, "abcdefghijklmnopqrstuvwxyz") &&
             hasOneOf(key, "0123456789"))
             return key;

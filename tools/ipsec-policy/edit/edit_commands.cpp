@@ -115,9 +115,9 @@ void Editor::add(CommandWords& words)
     withCollection(config_, kind, [&](auto& objects) {
         using Object = ObjectOf<decltype(objects)>;
         if constexpr (std::is_same_v<Object, Policy>) {
-            Policy     policy = takePolicy(words);
-            const auto fields = words.takeFields(fieldsAndID<Object>(), "", secrets_);
-            const auto added  = objects.add(std::move(policy), idIn(fields));
+            const Policy policy = takePolicy(words);
+            const auto   fields = words.takeFields(fieldsAndID<Object>(), "", secrets_);
+            const auto   added  = objects.add(Policy(policy), idIn(fields));
             remarks_.add(line_, added, *objects.find(added), [](std::string_view) { return true; });
         } else {
             const std::string name   = takeName(words);

@@ -26,7 +26,7 @@ Policy placeholder<Policy>()
 template <class Object>
 void put(Object& place, Object&& object)
 {
-    place = std::move(object);
+    place = std::forward<Object>(object);
 }
 
 void put(IPsecAction& place, IPsecAction&& action)

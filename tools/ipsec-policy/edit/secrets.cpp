@@ -17,7 +17,7 @@ std::string withoutLineEnd(std::string text)
 
 std::string promptedTwice(const std::string& what)
 {
-    const std::string first = promptedSecret(what + ": ");
+    std::string first = promptedSecret(what + ": ");
     if (promptedSecret("Once more: ") != first)
         throw commandFailure("what was typed is not the same twice");
     if (first.empty())
@@ -69,7 +69,7 @@ std::string Secrets::fromFile(const std::string& fileName, const std::string& fi
         inputIsTaken_ = true;
     }
     const std::string shown = shownFile(fileName, field);
-    const std::string text  = withoutLineEnd(contentOf(fileName, shown));
+    std::string       text  = withoutLineEnd(contentOf(fileName, shown));
     if (text.empty())
         throw commandFailure(shown + ": there is no key in it");
     if (text.find('\n') != std::string::npos)

@@ -187,6 +187,7 @@ void Completion::completeArgument(const CLI::App& command, const Arguments& argu
 std::string completions(const CLI::App& program, const std::vector<std::string>& words)
 {
     std::vector<std::string> before;
+    before.reserve(words.size());
     for (const std::string& word : words)
         before.push_back(readShellWord(word).text);
     if (!before.empty())

@@ -150,8 +150,11 @@ void Graph::addPolicy(unsigned int id, const Policy& policy)
     for (const Kind kind : REFERENCED_KINDS) {
         const unsigned int reference = referenceTo(kind, policy);
         const std::string  other     = nodeName(kind, reference);
-        out_.append("  " + (kind == Kind::ACTION ? node + " -> " + other : other + " -> " + node) +
-                    (names_.find(kind, reference) ? "\n" : MISSING_EDGE));
+        out_.append("  ");
+        out_.append(kind == Kind::ACTION ? node : other);
+        out_.append(" -> ");
+        out_.append(kind == Kind::ACTION ? other : node);
+        out_.append(names_.find(kind, reference) ? "\n" : MISSING_EDGE);
     }
 }
 

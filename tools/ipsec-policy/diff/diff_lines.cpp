@@ -33,8 +33,9 @@ void DiffLines::addHeading(Change change, const std::string& text)
 
 void DiffLines::addContext(const std::string& path, const std::string& value)
 {
-    for (const std::string& line : wrapped("    " + path + ": " + value, width_, HANGING))
-        text_ += line + '\n';
+    const std::string text = "    " + path + ": " + value;
+    for (const std::string& line : wrapped(text, width_, HANGING))
+        text_.append(line).append(1, '\n');
 }
 
 void DiffLines::addLone(Change change, const std::string& path, const std::string& value)

@@ -158,10 +158,10 @@ class Script {
                                         " -> " + textOfReference(after_, *after[i].refersTo, idIn(after[i])) + '\n';
             if (isMissing(after[i])) {
                 if (isRemoved)
-                    policies_ += start + "0\n";
-                afterRemovals_ += start + spelling(after[i]) + comment;
+                    policies_.append(start).append("0\n");
+                afterRemovals_.append(start).append(spelling(after[i])).append(comment);
             } else {
-                policies_ += start + spelling(after[i]) + comment;
+                policies_.append(start).append(spelling(after[i])).append(comment);
             }
         }
     }

@@ -136,6 +136,7 @@ LoadFault faultAt(Span piece, std::string_view document, std::string message, st
 std::vector<std::string> namesOf(const std::vector<OpenElement>& elements)
 {
     std::vector<std::string> names;
+    names.reserve(elements.size());
     for (const OpenElement& element : elements)
         names.push_back(shownName(element.name));
     return names;

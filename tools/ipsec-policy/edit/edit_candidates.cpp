@@ -24,6 +24,7 @@ struct Choices {
 std::vector<Candidate> wordsOnly(const std::vector<std::string>& words)
 {
     std::vector<Candidate> candidates;
+    candidates.reserve(words.size());
     for (const std::string& word : words)
         candidates.push_back({word, ""});
     return candidates;
@@ -32,6 +33,7 @@ std::vector<Candidate> wordsOnly(const std::vector<std::string>& words)
 std::vector<std::string> kindWords(std::initializer_list<const char*> others)
 {
     std::vector<std::string> words;
+    words.reserve(ALL_KINDS.size() + others.size());
     for (const Kind kind : ALL_KINDS)
         words.emplace_back(wordsOf(kind).singular);
     words.insert(words.end(), others.begin(), others.end());

@@ -14,6 +14,7 @@ namespace {
 std::vector<HostSelector> read(const std::vector<std::string_view>& texts, const HostGroup&)
 {
     std::vector<HostSelector> selectors;
+    selectors.reserve(texts.size());
     for (const std::string_view text : texts)
         selectors.push_back(readHostSelector(text));
     return selectors;
@@ -22,6 +23,7 @@ std::vector<HostSelector> read(const std::vector<std::string_view>& texts, const
 std::vector<ProtocolSelector> read(const std::vector<std::string_view>& texts, const ProtocolGroup&)
 {
     std::vector<ProtocolSelector> selectors;
+    selectors.reserve(texts.size());
     for (const std::string_view text : texts) {
         if (!selectors.empty())
             refuseListedPort(selectors.back(), text);

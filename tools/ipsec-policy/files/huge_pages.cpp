@@ -1,31 +1,28 @@
 #include "huge_pages.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <cstdlib>
+#include <memory>
 
 #include <malloc.h>
 #include <sys/mman.h>
 
 namespace {
 
-const std::size_t PAGE = 2 * 1024 * 1024;
+const std::size_t PAGE = std::size_t{2} * 1024 * 1024;
 
 /// The greatest block that malloc() can be made to take from the heap instead of mapping it alone.
-const std::size_t GREATEST_BLOCK = 32 * 1024 * 1024;
+const std::size_t GREATEST_BLOCK = std::size_t{32} * 1024 * 1024;
 
-void useHugePages(const void* memory, std::size_t size)
+void useHugePages(void* memory, std::size_t size)
 {
-    const auto address = reinterpret_cast<std::uintptr_t>(memory);
-    const auto begin   = (address + PAGE - 1) / PAGE * PAGE;
-    const auto end     = (address + size) / PAGE * PAGE;
-    if (begin < end)
-        static_cast<void>(madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE));
+    if (std::align(PAGE, PAGE, memory, size) != nullptr)
+        static_cast<void>(madvise(memory, size / PAGE * PAGE, MADV_HUGEPAGE));
 }
 
 } // namespace
 
-void useHugePages(const std::string& text)
+void useHugePages(std::string& text)
 {
     useHugePages(text.data(), text.capacity());
 }

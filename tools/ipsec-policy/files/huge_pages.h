@@ -9,7 +9,7 @@
 #include <string>
 
 /// For a text that is about to be filled.
-void useHugePages(const std::string& text);
+void useHugePages(std::string& text);
 
 /// For what is about to be allocated in small blocks, up to about `size` bytes.
 void useHugePagesForHeap(std::size_t size);

@@ -31,8 +31,8 @@ namespace {
 /// A write to a closed pipe or beyond a limit is to fail like any other, and not to kill the program.
 void ignoreSignals()
 {
-    std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGXFSZ, SIG_IGN);
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+    static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
 }
 
 /// Fills the places of standard streams that are closed, lest a file that is opened later take one of them. What fills

@@ -23,7 +23,7 @@
 namespace {
 
 // A document of this size is checked about as fast as a thread is started and ended.
-const std::size_t WORTH_A_THREAD = 256 * 1024;
+const std::size_t WORTH_A_THREAD = std::size_t{256} * 1024;
 
 /// Locates the findings from `first` to `last`, which is not one of them.
 void locate(CheckedFile& file, std::size_t first, std::size_t last)

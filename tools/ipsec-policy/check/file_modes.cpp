@@ -57,7 +57,7 @@ const Rule FOLDER_WRITABLE_BY_OTHERS = {
 std::string shownMode(mode_t mode)
 {
     char text[16];
-    std::snprintf(text, sizeof text, "%04o", mode & 07777U);
+    static_cast<void>(std::snprintf(text, sizeof text, "%04o", mode & 07777U));
     return text;
 }
 

@@ -14,7 +14,7 @@
 namespace {
 
 // So much is put together before it is written.
-const std::size_t BLOCK = 64 * 1024;
+const std::size_t BLOCK = std::size_t{64} * 1024;
 
 // As much as most findings take.
 const std::size_t USUAL_SIZE = 320;

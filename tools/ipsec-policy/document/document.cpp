@@ -43,7 +43,7 @@ std::string shownFile(const std::string& fileName)
 /// To look for misread values takes about as long as to load the document, so it is only done where that is nothing.
 void tellOfMisread(std::string_view text, const IPsecConfig& config, const std::string& fileName)
 {
-    const std::size_t CHEAP = 256 * 1024;
+    const std::size_t CHEAP = std::size_t{256} * 1024;
 
     const std::string misread = text.size() < CHEAP ? misreadIn(text, config) : "";
     if (!misread.empty())

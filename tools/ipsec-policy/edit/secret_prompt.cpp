@@ -6,10 +6,10 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstddef>
 
 #include <fcntl.h>
-#include <signal.h>
 #include <termios.h>
 #include <unistd.h>
 

@@ -10,7 +10,7 @@ namespace {
 
 const char STANDARD_OUTPUT[] = "standard output";
 
-const std::size_t BLOCK = 64 * 1024;
+const std::size_t BLOCK = std::size_t{64} * 1024;
 
 } // namespace
 

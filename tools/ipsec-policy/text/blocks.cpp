@@ -7,7 +7,7 @@ namespace {
 
 // Small texts are to take little memory, large ones few blocks.
 const std::size_t LEAST = 1024;
-const std::size_t MOST  = 256 * 1024;
+const std::size_t MOST  = std::size_t{256} * 1024;
 
 } // namespace
 

@@ -22,8 +22,7 @@ class Blocks {
             start(size, keep);
         if (blanks > 0)
             std::memset(end_, ' ', blanks);
-        if (!text.empty())
-            std::memcpy(end_ + blanks, text.data(), text.size());
+        text.copy(end_ + blanks, text.size());
         end_ += size;
     }
 

@@ -27,8 +27,8 @@ need_packages()
 # What a build of everything needs.
 build_packages=(cmake g++ ninja-build libcli11-dev nlohmann-json3-dev)
 abi_packages=("${build_packages[@]}" abigail-tools binutils xz-utils)
-test_packages=("${abi_packages[@]}" bsdutils clang doxygen fish groff-base libclang-rt-dev libgmock-dev libgtest-dev
-    libxml2-utils llvm locales mandoc pkg-config strace zsh)
+test_packages=("${abi_packages[@]}" bsdutils clang doxygen fish graphviz groff-base jq libclang-rt-dev libgmock-dev
+    libgtest-dev libxml2-utils llvm locales mandoc pkg-config strace zsh)
 matrix_packages=("${test_packages[@]}" libc++-dev libc++abi-dev googletest g++-i686-linux-gnu
     g++-arm-linux-gnueabihf g++-powerpc-linux-gnu qemu-user)
 debs_packages=("${build_packages[@]}" debootstrap doxygen dpkg-dev lintian)

@@ -35,7 +35,7 @@ endif()
 
 # What the documents show is what happens.
 if(IPSECIMPL_BUILD_TOOLS AND IPSECIMPL_RELEASE_TESTS)
-  set(documents guide.md getting-started.md check.md completion.md show.md)
+  set(documents guide.md getting-started.md check.md completion.md diff.md show.md)
   list(TRANSFORM documents PREPEND ${PROJECT_SOURCE_DIR}/docs/)
   add_test(NAME samples_in_documents
     COMMAND docs/samples ${CMAKE_CXX_COMPILER}

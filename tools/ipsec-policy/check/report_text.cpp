@@ -7,7 +7,6 @@
 
 #include <cstddef>
 #include <string>
-#include <string_view>
 
 #include <unistd.h>
 

@@ -26,12 +26,12 @@ void forbidThreads()
 
 class CheckLarge : public InFolder {
   protected:
-    CheckLarge()
+    void SetUp() override
     {
         const std::string text = bench::makeDocument(500);
-        EXPECT_GT(text.size(), 512U * 1024);
+        ASSERT_GT(text.size(), 512U * 1024);
         writeFile("large.xml", text);
-        EXPECT_EQ(chmod("large.xml", 0600), 0);
+        ASSERT_EQ(chmod("large.xml", 0600), 0);
     }
 };
 

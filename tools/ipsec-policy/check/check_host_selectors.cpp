@@ -90,7 +90,7 @@ std::optional<Address> SelectorCheck::checkAddress(const char* field, const std:
 
     if (const std::optional<Address> other = addressIn(text))
         reportField(NO_ADDRESS, field,
-                    quoted(text) + " is an " + nameOf(other->family) + " address, but the family is " +
+                    inQuotes(text) + " is an " + nameOf(other->family) + " address, but the family is " +
                         (family == HOST_INET ? "AF_INET" : "AF_INET6") + ". Correct one of the two.");
     else if (text.empty())
         reportField(NO_ADDRESS, field,
@@ -98,7 +98,7 @@ std::optional<Address> SelectorCheck::checkAddress(const char* field, const std:
                         exampleOf(family) + ".");
     else
         reportField(NO_ADDRESS, field,
-                    quoted(text) + " is no " + nameOf(family) + " address. Write one, such as " + exampleOf(family) +
+                    inQuotes(text) + " is no " + nameOf(family) + " address. Write one, such as " + exampleOf(family) +
                         ".");
     return std::nullopt;
 }
@@ -106,7 +106,7 @@ std::optional<Address> SelectorCheck::checkAddress(const char* field, const std:
 void SelectorCheck::checkWithoutFamily(const char* field, const std::string& text)
 {
     if (!addressIn(text))
-        reportField(NO_ADDRESS, field, quoted(text) + " is no address. Write one, such as 192.0.2.1 or 2001:db8::1.");
+        reportField(NO_ADDRESS, field, inQuotes(text) + " is no address. Write one, such as 192.0.2.1 or 2001:db8::1.");
 }
 
 void SelectorCheck::checkRange()

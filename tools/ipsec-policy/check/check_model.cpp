@@ -87,7 +87,7 @@ std::string joined(std::initializer_list<std::string_view> texts)
     return result;
 }
 
-std::string quoted(std::string_view text)
+std::string inQuotes(std::string_view text)
 {
     if (text.size() <= LONGEST_QUOTE)
         return '\'' + printable(text) + '\'';
@@ -101,7 +101,7 @@ std::string quoted(std::string_view text)
 std::string named(Kind kind, unsigned int id, std::string_view name)
 {
     return joined({wordsOf(kind).sentence, " ", std::to_string(id), name.empty() ? "" : " ",
-                   name.empty() ? std::string() : quoted(name)});
+                   name.empty() ? std::string() : inQuotes(name)});
 }
 
 std::string capitalised(std::string text)

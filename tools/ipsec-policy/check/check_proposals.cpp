@@ -167,7 +167,8 @@ void ProposalCheck::checkHashBesideAEAD(const IPsecProposal& proposal)
     const Algorithm* const algorithm = encryptionOf(proposal);
     if (algorithm != nullptr && algorithm->isAEAD)
         reportField(HASH_BESIDE_AEAD, "hash",
-                    quoted(algorithm->name) + " authenticates what it encrypts, and needs no hash beside it. Write 0.");
+                    inQuotes(algorithm->name) +
+                        " authenticates what it encrypts, and needs no hash beside it. Write 0.");
 }
 
 void ProposalCheck::checkAH(const IPsecProposal& proposal)
@@ -191,7 +192,7 @@ void ProposalCheck::checkStatus(const Algorithm* algorithm, const char* field, u
                         capitalised(start) + " is not in the file of --algorithms. Correct it, or add it there.");
         return;
     }
-    const std::string subject = capitalised(start) + " is " + quoted(algorithm->name) + ", which ";
+    const std::string subject = capitalised(start) + " is " + inQuotes(algorithm->name) + ", which ";
     if (algorithm->status == Status::MUST_NOT)
         reportField(MUST_NOT, field, subject + "MUST NOT be used. Replace it.");
     else if (algorithm->status == Status::SHOULD_NOT)
@@ -205,7 +206,7 @@ void ProposalCheck::checkCounterMode(const Algorithm& encryption)
     const char* const what = encryption.isAEAD ? " is an authenticated cipher" : " is a counter mode";
     if (isManual_ && (encryption.isAEAD || encryption.isCounter))
         reportField(COUNTER_MODE, "encryption",
-                    quoted(encryption.name) + what +
+                    inQuotes(encryption.name) + what +
                         ", which MUST NOT have manual keys. Write AES-CBC's number and a hash, or use IKE.");
 }
 

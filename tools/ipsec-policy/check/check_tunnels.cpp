@@ -86,7 +86,8 @@ void checkTunnelEndPoint(const Entry<IPsecAction>& entry, Findings& findings)
     }
     const std::optional<Address> address = addressIn(text);
     if (!address)
-        reportEnd(NO_ADDRESS, quoted(text) + " is no address. Write the IPv4 or IPv6 address of the tunnel's far end.");
+        reportEnd(NO_ADDRESS,
+                  inQuotes(text) + " is no address. Write the IPv4 or IPv6 address of the tunnel's far end.");
     else if (const char* const fault = faultOf(*address))
         reportEnd(SPECIAL, joined({text, " ", fault, ". Write the address of the tunnel's far end."}));
 }

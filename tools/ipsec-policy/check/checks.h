@@ -102,7 +102,7 @@ std::string joined(std::initializer_list<std::string_view> texts);
 
 /// The text in quotes, fit for a terminal, and cut where it is long: a text may be as long as the document, and be
 /// named in every finding.
-std::string quoted(std::string_view text);
+std::string inQuotes(std::string_view text);
 
 /// An object in a sentence, such as "host group 3 'Head office'", or without a name "host group 3".
 std::string named(Kind kind, unsigned int id, std::string_view name);

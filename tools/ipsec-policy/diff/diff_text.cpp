@@ -24,14 +24,14 @@ std::string joined(const std::vector<std::string>& texts, const char* separator)
     return result;
 }
 
-std::string quoted(std::string_view text)
+std::string inQuotes(std::string_view text)
 {
     return "'" + printable(text) + "'";
 }
 
 /// A value in words. Selectors have lines of their own instead, unless there are none.
 struct Wording {
-    std::string operator()(std::string_view text) const { return quoted(text); }
+    std::string operator()(std::string_view text) const { return inQuotes(text); }
     std::string operator()(const Word& word) const { return word.text; }
     std::string operator()(long long number) const { return std::to_string(number); }
 
@@ -143,7 +143,7 @@ class Report {
             if constexpr (std::is_same_v<std::decay_t<decltype(collection)>, Policies>)
                 return std::string();
             else
-                return ' ' + quoted(nameOf(collection.at(object.id)));
+                return ' ' + inQuotes(nameOf(collection.at(object.id)));
         });
         const std::string users  = users_.of(object.kind, object.id);
         const std::string note   = users.empty() ? "" : (isGone ? " (still in " : " (in ") + users + ')';

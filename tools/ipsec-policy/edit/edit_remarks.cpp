@@ -114,7 +114,7 @@ void Remarks::addNames(const EditedConfig& config, Texts& texts) const
         if (const auto ids = idsNamed(config, named.first, named.second); ids.size() > 1)
             texts.emplace(line,
                           joined({"There are ", std::to_string(ids.size()), " ", pluralOf(named.first), " of the name ",
-                                  quoted(named.second), ". Commands must call them by ID. [repeated-name]"}));
+                                  inQuotes(named.second), ". Commands must call them by ID. [repeated-name]"}));
 }
 
 void Remarks::addReferences(const EditedConfig& config, Texts& texts) const

@@ -75,8 +75,8 @@ TEST_P(CheckExplanations, AreWrappedToTheTerminalsWidth)
         const std::string title = std::string(rule->code) + " (" + wordOf(rule->level) + "): " + rule->summary;
         const std::string reference =
             *rule->reference == '\0' ? "" : '\n' + inLines(std::string("See ") + rule->reference + '.', width, 0);
-        EXPECT_EQ(run({"check", "--explain", rule->code}, "",
-                      [width] { setenv("COLUMNS", std::to_string(width).c_str(), 1); }),
+        EXPECT_EQ(runCopy({"check", "--explain", rule->code}, "",
+                          [width] { setenv("COLUMNS", std::to_string(width).c_str(), 1); }),
                   printed(inLines(title, width, 2) + '\n' + inLines(rule->explanation, width, 0) + reference));
     }
 }

@@ -22,7 +22,10 @@ class CompleteEdit : public Complete {
         return wordsFor({"edit", "policy.xml", "-e", '\'' + typed});
     }
 
-    static Outcome edit(const std::string& command) { return run({"edit", "policy.xml", "--dry-run", "-e", command}); }
+    static Outcome edit(const std::string& command)
+    {
+        return runCopy({"edit", "policy.xml", "--dry-run", "-e", command});
+    }
 };
 
 TEST_F(CompleteEdit, TheFirstWordsAreCommandsAndKinds)

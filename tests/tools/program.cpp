@@ -21,6 +21,16 @@
 
 int programMain(int argc, char** argv); // the program's own main()
 
+#ifdef SANITIZED
+/// What is freed is kept for a while, to find uses of it: only so much that a copy of the process, one of thousands, is
+/// soon made.
+extern "C" const char* __asan_default_options();
+const char*            __asan_default_options()
+{
+    return "quarantine_size_mb=4";
+}
+#endif
+
 namespace {
 
 void require(bool succeeded, const char* what)
@@ -46,10 +56,11 @@ class Capture {
 
     std::string text() const
     {
-        std::string text;
+        std::string            text;
+        std::array<char, 4096> block = {};
         std::rewind(file_);
-        for (int c = std::fgetc(file_); c != EOF; c = std::fgetc(file_))
-            text += static_cast<char>(c);
+        while (const std::size_t size = std::fread(block.data(), 1, block.size(), file_))
+            text.append(block.data(), size);
         return text;
     }
 
@@ -141,12 +152,35 @@ Outcome run(const std::vector<std::string>& arguments, const std::string& input,
     });
 }
 
-Outcome runCopy(const std::vector<std::string>& arguments, const std::string& input)
+Outcome runCopy(const std::vector<std::string>& arguments, const std::string& input,
+                const std::function<void()>& prepare)
 {
     return runProcess(input, [&] {
+        prepare();
         Arguments given(arguments);
         return programMain(given.count(), given.values());
     });
+}
+
+Outcome runCopies(const std::function<int(const Copy& program)>& runs)
+{
+    return runProcess("", [&] { return runs({}); });
+}
+
+int Copy::operator()(const std::vector<std::string>& arguments, const std::string& input) const
+{
+    std::array<int, 2> pipe = {};
+    require(::pipe2(pipe.data(), O_CLOEXEC) == 0, "pipe2");
+    require(write(pipe[1], input.data(), input.size()) == static_cast<ssize_t>(input.size()), "write");
+    close(pipe[1]);
+    dup2(pipe[0], STDIN_FILENO);
+    close(pipe[0]);
+    const int out = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0); // the program closes its own
+    Arguments given(arguments);
+    const int status = programMain(given.count(), given.values());
+    dup2(out, STDOUT_FILENO);
+    close(out);
+    return status;
 }
 
 InFolder::InFolder()

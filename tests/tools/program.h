@@ -48,7 +48,18 @@ Outcome run(
 
 /// As run(), but in a copy of the tests' process, for thousands of runs: to load a program each time takes longer than
 /// all that it does. Leaks are not looked for.
-Outcome runCopy(const std::vector<std::string>& arguments, const std::string& input);
+Outcome runCopy(
+    const std::vector<std::string>& arguments, const std::string& input = "",
+    const std::function<void()>& prepare = [] {});
+
+/// The program in the process that runCopies() makes.
+struct Copy {
+    /// Returns the status. `input` comes through a pipe, which has to hold all of it.
+    int operator()(const std::vector<std::string>& arguments, const std::string& input) const;
+};
+
+/// As runCopy() for several runs in one process. What they print is in one; the status is what `runs` returns.
+Outcome runCopies(const std::function<int(const Copy& program)>& runs);
 
 /// A folder of its own for each test, which is the current one while it runs.
 class InFolder : public ::testing::Test {

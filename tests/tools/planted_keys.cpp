@@ -12,9 +12,6 @@
 #include <string>
 #include <vector>
 
-#include <fcntl.h>
-#include <unistd.h>
-
 namespace {
 
 const std::size_t PIECE = 4;
@@ -76,13 +73,7 @@ void sayEverything(const Copy& program, const std::string& text, std::size_t tur
         {"show", "-", "actions", "1"}, {"show", "--json", "-"}, {"graph", "-"}, {"format", "--check", "--json", "-"}};
     if (program({"show", "-"}, text) == 0)
         program(OTHERS[turn % std::size(OTHERS)], text);
-    const int out     = dup(STDOUT_FILENO);
-    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
-    dup2(nowhere, STDOUT_FILENO);
-    close(nowhere);
-    program({"format", "-"}, text);
-    dup2(out, STDOUT_FILENO);
-    close(out);
+    program.silently({"format", "-"}, text);
 }
 
 /// What the program prints of the documents, one after the other. The first has its turn.
@@ -137,9 +128,12 @@ class PlantedKeys : public testing::TestWithParam<Damage> {
         for (std::size_t at = 0; at < original.size(); at += STEP)
             texts.push_back(GetParam().apply(original, at));
         const std::set<std::string> found = piecesOfKeysIn(everythingSaid(texts));
-        if (!found.empty() || HasFailure())
-            for (std::size_t i = 0; i < texts.size(); ++i)
-                ASSERT_THAT(piecesOfKeysIn(everythingSaid({texts[i]}, i)), testing::IsEmpty()) << texts[i];
+        if (!found.empty() || HasFailure()) {
+            for (std::size_t i = 0; i < texts.size(); ++i) {
+                SCOPED_TRACE(texts[i]);
+                ASSERT_THAT(piecesOfKeysIn(everythingSaid({texts[i]}, i)), testing::IsEmpty());
+            }
+        }
         EXPECT_THAT(found, testing::IsEmpty()) << "though in none of them alone";
     }
 };
@@ -243,10 +237,20 @@ TEST(PlantedKeys, ThePiecesWouldBeFound)
 
 TEST(PlantedKeys, WhatEachRunSaysIsLookedAt)
 {
-    const std::string said = everythingSaid({withManualKeys(), "<x/>", withManualKeys()});
-    EXPECT_THAT(said, testing::ContainsRegex("Host groups(.|\n)*\nHost groups"));
-    EXPECT_THAT(said, testing::HasSubstr("ipsec-policy: standard input:1:1"));
+    const auto named = [](const std::string& name) {
+        return document(entry("hostGroup", 1, group("hostGroup", name, "", "")));
+    };
+    const auto shown = [](const std::string& name) {
+        return testing::ContainsRegex("\n 1  " + name + " +\\(nothing\\)");
+    };
+    const std::string refused = "ipsec-policy: standard input:1:1: ";
+
+    const std::string said = everythingSaid({named("alpha"), "<x/>", named("beta"), named("gamma"), named("delta")});
+    for (const char* const name : {"alpha", "beta", "gamma", "delta"})
+        EXPECT_THAT(said, shown(name));
+    EXPECT_NE(said.find(refused), said.rfind(refused)) << "show and format refuse the second";
     EXPECT_THAT(said, testing::HasSubstr("digraph")) << "the third has its turn";
+    EXPECT_THAT(said, testing::HasSubstr("\"written\": ")) << "and the fourth";
 }
 
 class PlantedKeyFiles : public InFolder {};

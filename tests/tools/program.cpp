@@ -7,8 +7,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <iterator>
-#include <ostream>
 #include <regex>
 #include <stdexcept>
 #include <system_error>
@@ -101,6 +101,19 @@ class Arguments {
     std::vector<char*>       pointers_;
 };
 
+/// Ends a new process with the status that `program` returns. An exception must not bring it back among the tests.
+[[noreturn]] void endWith(const std::function<int()>& program)
+{
+    try {
+        _exit(program());
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+    } catch (...) {
+        std::cerr << "an exception\n";
+    }
+    _exit(127);
+}
+
 /// What becomes of a new process that does as `program` and ends with the status which that returns.
 Outcome runProcess(const std::string& input, const std::function<int()>& program)
 {
@@ -119,7 +132,7 @@ Outcome runProcess(const std::string& input, const std::function<int()>& program
         std::signal(SIGPIPE, SIG_DFL);
         for (const char* const name : {"COLUMNS", "NO_COLOR"}) // the tests are not about whoever runs them
             unsetenv(name);
-        _exit(program());
+        endWith(program);
     }
     close(pipe[0]);
     feed(pipe[1], input);
@@ -171,14 +184,30 @@ int Copy::operator()(const std::vector<std::string>& arguments, const std::strin
 {
     std::array<int, 2> pipe = {};
     require(::pipe2(pipe.data(), O_CLOEXEC) == 0, "pipe2");
+    require(fcntl(pipe[1], F_SETFL, O_NONBLOCK) == 0, "fcntl"); // or what does not go into it would be waited for
     require(write(pipe[1], input.data(), input.size()) == static_cast<ssize_t>(input.size()), "write");
     close(pipe[1]);
-    dup2(pipe[0], STDIN_FILENO);
+    require(dup2(pipe[0], STDIN_FILENO) >= 0, "dup2");
     close(pipe[0]);
     const int out = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0); // the program closes its own
+    require(out >= 0, "fcntl");
     Arguments given(arguments);
     const int status = programMain(given.count(), given.values());
-    dup2(out, STDOUT_FILENO);
+    require(dup2(out, STDOUT_FILENO) >= 0, "dup2");
+    close(out);
+    return status;
+}
+
+int Copy::silently(const std::vector<std::string>& arguments, const std::string& input) const
+{
+    const int out = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
+    require(out >= 0, "fcntl");
+    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    require(nowhere >= 0, "open");
+    require(dup2(nowhere, STDOUT_FILENO) >= 0, "dup2");
+    close(nowhere);
+    const int status = (*this)(arguments, input);
+    require(dup2(out, STDOUT_FILENO) >= 0, "dup2");
     close(out);
     return status;
 }

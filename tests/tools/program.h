@@ -54,8 +54,11 @@ Outcome runCopy(
 
 /// The program in the process that runCopies() makes.
 struct Copy {
-    /// Returns the status. `input` comes through a pipe, which has to hold all of it.
+    /// Returns the status. `input` comes through a pipe, which has to hold all of it: 64 kB.
     int operator()(const std::vector<std::string>& arguments, const std::string& input) const;
+
+    /// The same, and what it writes to standard output is lost.
+    int silently(const std::vector<std::string>& arguments, const std::string& input) const;
 };
 
 /// As runCopy() for several runs in one process. What they print is in one; the status is what `runs` returns.

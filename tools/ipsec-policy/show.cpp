@@ -58,8 +58,9 @@ ExitStatus show(const Options& options)
         kinds = {kindNamed(options.kind)};
 
     keepMemory();
-    // Never destroyed: to take a large configuration apart takes long, and the program is about to end.
-    static const IPsecConfig* const config = new IPsecConfig(loadDocument(options.file, options.maxSize));
+    // The last one is never destroyed: to take a large configuration apart takes long, and the program is about to end.
+    static std::unique_ptr<const IPsecConfig>& config = *new std::unique_ptr<const IPsecConfig>;
+    config = std::make_unique<const IPsecConfig>(loadDocument(options.file, options.maxSize));
 
     Blocks out;
     if (options.oneObject) {

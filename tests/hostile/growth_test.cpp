@@ -9,7 +9,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <sstream>
 #include <string>
 
@@ -56,11 +58,11 @@ TEST(Growth, OfWhatIsReadAndNotKeptCostsNoMemory)
     for (const char* name : {"elements with nothing in them", "attributes of one element", "attributes without a value",
                              "white space in front of the document", "white space in a tag", "white space between tags",
                              "equal host selectors", "equal protocol selectors with names", "next IDs"}) {
-        for (const GrowthCase& growth : growthCases()) {
-            if (growth.name == std::string(name)) {
-                EXPECT_EQ(costOf(growth, 400'000).peak, costOf(growth, 100'000).peak) << name;
-            }
-        }
+        const auto& cases  = growthCases();
+        const auto  growth = std::find_if(std::begin(cases), std::end(cases),
+                                          [name](const GrowthCase& each) { return each.name == std::string(name); });
+        ASSERT_NE(growth, std::end(cases)) << name;
+        EXPECT_EQ(costOf(*growth, 400'000).peak, costOf(*growth, 100'000).peak) << name;
     }
 }
 

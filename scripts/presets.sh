@@ -9,5 +9,5 @@ run_preset()
     echo "== $preset: building"
     cmake --preset "$preset" -D IPSECIMPL_WHOLE_TESTS="$whole" >/dev/null &&
         cmake --build --preset "$preset" -- --quiet ${build_targets:+"${build_targets[@]}"} &&
-        ctest --preset "$preset" --parallel "$(nproc)" --progress "$@"
+        ctest --preset "$preset" --parallel "$(nproc)" --progress --no-tests=error "$@"
 }

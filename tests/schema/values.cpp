@@ -195,30 +195,34 @@ bool isUnlikeItsEqual(const std::string& name)
 
 using Lines = std::vector<std::string>;
 
+Lines::const_iterator at(const Lines& lines, std::size_t i)
+{
+    return lines.begin() + static_cast<std::ptrdiff_t>(i);
+}
+
 TEST(SchemaAndReader, AgreeOnWhatIsMissingDoubledOrMisplaced)
 {
     const Lines              lines = linesOf(everyElement());
-    const auto               at    = [&lines](std::size_t i) { return lines.begin() + static_cast<std::ptrdiff_t>(i); };
     std::vector<std::string> documents;
     for (std::size_t i = 1; i < lines.size(); ++i) {
         if (elementIn(lines[i]).empty())
             continue;
         const std::size_t end = endOf(lines, i);
-        const Lines       element(at(i), at(end));
+        const Lines       element(at(lines, i), at(lines, end));
 
         Lines without = lines;
-        without.erase(without.begin() + (at(i) - at(0)), without.begin() + (at(end) - at(0)));
+        without.erase(at(without, i), at(without, end));
         documents.push_back(joinedLines(without));
 
         Lines twice = lines;
-        twice.insert(twice.begin() + (at(i) - at(0)), element.begin(), element.end());
+        twice.insert(at(twice, i), element.begin(), element.end());
         if (!isUnlikeItsEqual(elementIn(lines[i])))
             documents.push_back(joinedLines(twice));
 
         if (elementIn(lines[end]).empty() || isUnlikeItsEqual(elementIn(lines[i])))
             continue;
         Lines later = without;
-        later.insert(later.begin() + (at(i) - at(0) + at(endOf(lines, end)) - at(end)), element.begin(), element.end());
+        later.insert(at(later, i + endOf(lines, end) - end), element.begin(), element.end());
         documents.push_back(joinedLines(later));
     }
     expectAgreement(documents);

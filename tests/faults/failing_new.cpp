@@ -31,15 +31,28 @@ bool isToFail()
     return true;
 }
 
-void* allocate(std::size_t size) noexcept
+// Of `block`, which may be none.
+void* counted(void* block) noexcept
 {
-    void* const block = isToFail() ? nullptr : std::malloc(size);
     if (block != nullptr) {
         ++inUse.blocks;
         inUse.bytes += malloc_usable_size(block);
         peakBytes = std::max(peakBytes, inUse.bytes);
     }
     return block;
+}
+
+void* allocate(std::size_t size) noexcept
+{
+    return counted(isToFail() ? nullptr : std::malloc(size));
+}
+
+void* allocate(std::size_t size, std::align_val_t alignment) noexcept
+{
+    void* block = nullptr;
+    if (isToFail() || posix_memalign(&block, static_cast<std::size_t>(alignment), size) != 0)
+        return nullptr;
+    return counted(block);
 }
 
 void release(void* block) noexcept
@@ -105,10 +118,22 @@ void* operator new[](std::size_t size)                                 { return 
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept   { return allocate(size); }
 void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
 
+void* operator new(std::size_t size, std::align_val_t alignment)                                   { return require(allocate(size, alignment)); }
+void* operator new[](std::size_t size, std::align_val_t alignment)                                 { return require(allocate(size, alignment)); }
+void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept   { return allocate(size, alignment); }
+void* operator new[](std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept { return allocate(size, alignment); }
+
 void operator delete(void* block) noexcept                             { release(block); }
 void operator delete[](void* block) noexcept                           { release(block); }
 void operator delete(void* block, std::size_t) noexcept                { release(block); }
 void operator delete[](void* block, std::size_t) noexcept              { release(block); }
 void operator delete(void* block, const std::nothrow_t&) noexcept      { release(block); }
 void operator delete[](void* block, const std::nothrow_t&) noexcept    { release(block); }
+
+void operator delete(void* block, std::align_val_t) noexcept                          { release(block); }
+void operator delete[](void* block, std::align_val_t) noexcept                        { release(block); }
+void operator delete(void* block, std::size_t, std::align_val_t) noexcept             { release(block); }
+void operator delete[](void* block, std::size_t, std::align_val_t) noexcept           { release(block); }
+void operator delete(void* block, std::align_val_t, const std::nothrow_t&) noexcept   { release(block); }
+void operator delete[](void* block, std::align_val_t, const std::nothrow_t&) noexcept { release(block); }
 // clang-format on

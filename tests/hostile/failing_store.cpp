@@ -205,11 +205,13 @@ TEST_P(FailingStore, StopsAtTheLineThatTheSinkDoesNotFlushAndTheStreamIsBad)
 
 TEST_P(FailingStore, IsTheSameWhateverRoomTheSinkHas)
 {
-    for (const std::size_t size : places(1, 600, 23)) {
+    const std::vector<std::size_t> sizes = places(1, 600, 23);
+    for (const std::size_t size : sizes) {
         RoomySink sink(size);
         storeInto(sink, config, std::ios_base::goodbit, true);
         ASSERT_EQ(sink.taken(), text) << size;
     }
+    reportCases(sizes.size());
 }
 
 TEST_P(FailingStore, ThrowsNothingWhereTheMaskAsksForAnotherState)

@@ -4,7 +4,7 @@
 /// \file
 /// What operations are tried on, and how their targets and results are compared.
 
-#include "properties/contents.h"
+#include "support/contents.h"
 #include "support/streams.h"
 
 #include <istream>

@@ -15,5 +15,5 @@ ipsecimpl_test(test_faults
   faults/samples.cpp
   faults/selector_operations.cpp
   faults/xml_operations.cpp
-  properties/contents.cpp)
+  support/contents.cpp)
 target_compile_definitions(test_faults PRIVATE HEADERS_DIR="${PROJECT_SOURCE_DIR}/include")

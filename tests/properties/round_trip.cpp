@@ -1,8 +1,8 @@
 // What is stored and loaded again is the same, byte for byte and field for field, for any model whose texts survive.
 
-#include "properties/contents.h"
 #include "properties/random_model.h"
 #include "properties/runs.h"
+#include "support/contents.h"
 #include "support/streams.h"
 #include "support/xml.h"
 

@@ -1,8 +1,8 @@
 // The order of selectors: a strict weak one, and the one in which a group keeps its selectors, however they came in.
 
-#include "properties/contents.h"
 #include "properties/random_model.h"
 #include "properties/runs.h"
+#include "support/contents.h"
 #include "support/xml.h"
 
 #include <gtest/gtest.h>

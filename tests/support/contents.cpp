@@ -1,4 +1,4 @@
-#include "properties/contents.h"
+#include "support/contents.h"
 
 #include <cstddef>
 #include <string>

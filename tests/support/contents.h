@@ -1,5 +1,5 @@
-#ifndef IPSECIMPL_TESTS_PROPERTIES_CONTENTS_H
-#define IPSECIMPL_TESTS_PROPERTIES_CONTENTS_H
+#ifndef IPSECIMPL_TESTS_SUPPORT_CONTENTS_H
+#define IPSECIMPL_TESTS_SUPPORT_CONTENTS_H
 
 /// \file
 /// Everything that an object holds, as one text with a line for each field. It owes nothing to what the library writes.

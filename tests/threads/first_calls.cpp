@@ -1,7 +1,7 @@
 // Threads may race for the first call of the functions of built-in objects. This is a program of its own, so that the
 // calls below are the first ones; it is the thread sanitizer that looks closest (scripts/tsan).
 
-#include "properties/contents.h"
+#include "support/contents.h"
 #include "threads/at_once.h"
 
 #include <gtest/gtest.h>

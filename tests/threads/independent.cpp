@@ -1,8 +1,8 @@
 // The library shares nothing between objects but what never changes. So threads may work at the same time, each on its
 // own objects, and may look at the same ones as long as nobody changes them.
 
-#include "properties/contents.h"
 #include "properties/random_model.h"
+#include "support/contents.h"
 #include "support/streams.h"
 #include "support/xml.h"
 #include "threads/at_once.h"

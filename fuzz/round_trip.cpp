@@ -6,6 +6,7 @@
 // - A text with `<` in it may be read as anything. It takes another text for the rest to come back.
 
 #include "loading.h"
+#include "support/contents.h"
 #include "texts.h"
 
 #include <string>
@@ -24,6 +25,7 @@ void checkReturns(IPsecConfig& config)
     trimTexts(config);
     const std::string expected = stored(config);
     IPsecConfig       again    = reloaded(once);
+    require("fields", contentsOf(config), contentsOf(again));
     require("stored, loaded, stored", expected, stored(again));
     again = reloaded(expected);
     require("and once more", expected, stored(again));

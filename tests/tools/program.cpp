@@ -101,6 +101,29 @@ class Arguments {
     std::vector<char*>       pointers_;
 };
 
+/// Keeps standard output, which the program closes, and puts it back in the end.
+class SavedOutput {
+  public:
+    SavedOutput()
+        : kept_(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0))
+    {
+        require(kept_ >= 0, "fcntl");
+    }
+
+    SavedOutput(const SavedOutput&)            = delete;
+    SavedOutput& operator=(const SavedOutput&) = delete;
+
+    ~SavedOutput()
+    {
+        if (dup2(kept_, STDOUT_FILENO) < 0)
+            std::abort(); // or what the next run prints would not be seen
+        close(kept_);
+    }
+
+  private:
+    int kept_;
+};
+
 /// Ends a new process with the status that `program` returns. An exception must not bring it back among the tests.
 [[noreturn]] void endWith(const std::function<int()>& program)
 {
@@ -189,27 +212,19 @@ int Copy::operator()(const std::vector<std::string>& arguments, const std::strin
     close(pipe[1]);
     require(dup2(pipe[0], STDIN_FILENO) >= 0, "dup2");
     close(pipe[0]);
-    const int out = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0); // the program closes its own
-    require(out >= 0, "fcntl");
-    Arguments given(arguments);
-    const int status = programMain(given.count(), given.values());
-    require(dup2(out, STDOUT_FILENO) >= 0, "dup2");
-    close(out);
-    return status;
+    const SavedOutput saved;
+    Arguments         given(arguments);
+    return programMain(given.count(), given.values());
 }
 
 int Copy::silently(const std::vector<std::string>& arguments, const std::string& input) const
 {
-    const int out = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
-    require(out >= 0, "fcntl");
-    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    const SavedOutput saved;
+    const int         nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
     require(nowhere >= 0, "open");
     require(dup2(nowhere, STDOUT_FILENO) >= 0, "dup2");
     close(nowhere);
-    const int status = (*this)(arguments, input);
-    require(dup2(out, STDOUT_FILENO) >= 0, "dup2");
-    close(out);
-    return status;
+    return (*this)(arguments, input);
 }
 
 InFolder::InFolder()

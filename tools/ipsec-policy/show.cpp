@@ -59,6 +59,7 @@ ExitStatus show(const Options& options)
 
     keepMemory();
     // The last one is never destroyed: to take a large configuration apart takes long, and the program is about to end.
+    // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
     static std::unique_ptr<const IPsecConfig>& config = *new std::unique_ptr<const IPsecConfig>;
     config = std::make_unique<const IPsecConfig>(loadDocument(options.file, options.maxSize));
 

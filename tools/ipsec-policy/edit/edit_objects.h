@@ -62,7 +62,7 @@ Object newObject(const std::string& name, const GivenFields& fields)
 
 /// Makes a group or an action what `fresh` is, which `fields` have made.
 template <class Object>
-void replaceBy(Object& object, Object&& fresh, const GivenFields& fields)
+void replaceBy(Object& object, Object fresh, const GivenFields& fields)
 {
     if constexpr (std::is_same_v<Object, ipsecimpl::IPsecAction>)
         replace(object, fresh, fields);

@@ -11,7 +11,7 @@
 #include <string_view>
 
 /// What is read of a file at most, unless the operator wants more: 64 MiB.
-inline constexpr std::size_t USUAL_MAX_SIZE = 64 * 1024 * 1024;
+inline constexpr std::size_t USUAL_MAX_SIZE = std::size_t{64} * 1024 * 1024;
 
 /// What is at the other end of `-`.
 bool isStandardStream(const std::string& fileName);

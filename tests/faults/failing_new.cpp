@@ -31,7 +31,7 @@ bool isToFail()
     return true;
 }
 
-// Of `block`, which may be none.
+// Counts `block`, which may be none, and returns it.
 void* counted(void* block) noexcept
 {
     if (block != nullptr) {

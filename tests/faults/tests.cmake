@@ -5,6 +5,7 @@ ipsecimpl_test(test_faults
   faults/enum_operations.cpp
   faults/every_operation.cpp
   faults/failing_new.cpp
+  faults/failing_new_test.cpp
   faults/first_calls.cpp
   faults/group_operations.cpp
   faults/keying_operations.cpp

@@ -69,14 +69,18 @@ TEST_P(ChangedElement, IsReadOrRefusedAsItAlwaysWas)
     const SmallDocument&            document = GetParam();
     const std::vector<ElementPlace> all      = elementsIn(document.text);
     std::string                     table;
+    std::size_t                     cases = 0;
     for (const ElementPlace& element : all) {
         table += element.path + '\n';
-        for (const ElementChange& change : changesOf(document.text, all, element))
+        for (const ElementChange& change : changesOf(document.text, all, element)) {
             table += "    " + change.name + ": " +
                      told(resultAlike(document.element, change.result, 1 + change.result.size() % 23), document.text) +
                      '\n';
+            ++cases;
+        }
     }
     expectGolden("changed/" + document.name + ".txt", table);
+    reportCases(cases);
 }
 
 } // namespace

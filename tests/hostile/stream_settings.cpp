@@ -2,6 +2,7 @@
 // locale and width, and changes none but the width, which is used up, as by any insertion.
 
 #include "hostile/locales.h"
+#include "hostile/sweep.h"
 
 #include "support/samples.h"
 #include "support/xml.h"
@@ -141,6 +142,7 @@ TEST(StreamSettings, DecideHowNumbersAreWrittenAndNothingElse)
         EXPECT_TRUE(Settings(out) == before) << setting.name;
         EXPECT_TRUE(out.good()) << setting.name;
     }
+    reportCases(settings.size());
 }
 
 TEST(StreamSettings, OfTheInputAreNotLookedAtAndStayButSkipws)

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <iostream>
 #include <string>
 
 namespace ipsecimpl {
@@ -32,6 +33,7 @@ void forEachSeed(const Property& holds)
         holds(seed);
     }
     testing::Test::RecordProperty("runs", std::to_string(last - first + 1));
+    std::cout << "runs: " << last - first + 1 << '\n';
 }
 
 } // namespace ipsecimpl

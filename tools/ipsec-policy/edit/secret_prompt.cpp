@@ -20,7 +20,7 @@ const char TERMINAL[] = "/dev/tty";
 // What a keyboard or an operator sends, and what stops a job: none of it may leave the terminal without echo.
 const std::array<int, 8> SIGNALS = {SIGALRM, SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGTSTP, SIGTTIN, SIGTTOU};
 
-// All that a signal handler may set.
+// Set by the signal handler.
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 volatile sig_atomic_t caught = 0;
 

@@ -28,6 +28,7 @@ void checkReturns(IPsecConfig& config)
     require("fields", contentsOf(config), contentsOf(again));
     require("stored, loaded, stored", expected, stored(again));
     again = reloaded(expected);
+    require("fields, once more", contentsOf(config), contentsOf(again));
     require("and once more", expected, stored(again));
 }
 

@@ -11,6 +11,8 @@
 #include "support/samples.h"
 
 #include <cstddef>
+#include <filesystem>
+#include <fstream>
 #include <ios>
 #include <ostream>
 #include <streambuf>
@@ -22,10 +24,9 @@ namespace {
 
 enum class Seen { Nothing, StreamFailure, BufferFault };
 
-/// What storing into `sink` under `mask` throws. The stream is bad unless all was taken, and is returned.
-Seen storeInto(std::streambuf& sink, IPsecConfig& config, std::ios_base::iostate mask, bool whole)
+/// What storing into `out` under `mask` throws. The stream is bad unless all was taken, and is returned.
+Seen storeInto(std::ostream& out, IPsecConfig& config, std::ios_base::iostate mask, bool whole)
 {
-    std::ostream out(&sink);
     out.exceptions(mask);
     Seen seen = Seen::Nothing;
     try {
@@ -37,6 +38,12 @@ Seen storeInto(std::streambuf& sink, IPsecConfig& config, std::ios_base::iostate
     }
     EXPECT_EQ(out.bad(), !whole);
     return seen;
+}
+
+Seen storeInto(std::streambuf& sink, IPsecConfig& config, std::ios_base::iostate mask, bool whole)
+{
+    std::ostream out(&sink);
+    return storeInto(out, config, mask, whole);
 }
 
 class FailingStore : public ::testing::TestWithParam<std::string> {
@@ -97,6 +104,41 @@ TEST_P(FailingStore, StopsAtTheLineThatTheSinkDoesNotFlushAndTheStreamIsBad)
         }
     }
     reportCases(cases);
+}
+
+TEST_P(FailingStore, StopsAtTheByteThatABufferedSinkDoesNotPassOnAndTheStreamIsBad)
+{
+    std::size_t cases = 0;
+    for (const std::size_t capacity : places(0, text.size(), 211)) {
+        const bool whole = capacity == text.size();
+        // Some rooms are full within a line, so that writing fails; the last holds every line, so that flushing does.
+        for (const std::size_t room : {1U, 10U, 1000U}) {
+            for (const Fault fault : {Fault::Refuses, Fault::Throws}) {
+                for (const std::ios_base::iostate mask : {std::ios_base::goodbit, std::ios_base::badbit}) {
+                    RoomySink  sink(room, capacity, fault);
+                    const Seen seen  = storeInto(sink, config, mask, whole);
+                    const Seen asked = fault == Fault::Throws ? Seen::BufferFault : Seen::StreamFailure;
+                    ASSERT_EQ(seen, whole || mask == std::ios_base::goodbit ? Seen::Nothing : asked) << capacity;
+                    ASSERT_EQ(sink.taken(), text.substr(0, capacity)) << room;
+                    ++cases;
+                }
+            }
+        }
+    }
+    reportCases(cases);
+}
+
+TEST_P(FailingStore, OnAFullDiskMakesTheStreamBad)
+{
+    const std::string full = "/dev/full";
+    if (!std::filesystem::is_character_file(full))
+        GTEST_SKIP() << "no " << full;
+    for (const std::ios_base::iostate mask : {std::ios_base::goodbit, std::ios_base::badbit}) {
+        std::ofstream file(full);
+        ASSERT_TRUE(file.is_open());
+        const Seen seen = storeInto(file, config, mask, false);
+        EXPECT_EQ(seen, mask == std::ios_base::goodbit ? Seen::Nothing : Seen::StreamFailure);
+    }
 }
 
 TEST_P(FailingStore, IsTheSameWhateverRoomTheSinkHas)

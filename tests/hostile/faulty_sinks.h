@@ -86,37 +86,57 @@ class UnflushableSink : public std::stringbuf {
     Fault       fault_;
 };
 
-/// Holds up to `size` bytes until it is flushed or full, as a file's buffer does, which ends wherever it ends.
+/// Holds up to `room` bytes until it is flushed or full, as a file's buffer does, which ends wherever it ends.
+///
+/// Of these bytes it passes on `capacity` in all, then it fails once. What it holds is lost then, and from there on it
+/// passes everything on: whatever is written to it after the failure shows.
 class RoomySink : public std::streambuf {
   public:
-    explicit RoomySink(std::size_t size)
-        : room_(size, '\0')
+    explicit RoomySink(std::size_t room, std::size_t capacity = std::string::npos, Fault fault = Fault::Refuses)
+        : room_(room, '\0')
+        , capacity_(capacity)
+        , fault_(fault)
     {
         empty();
     }
 
+    /// What was passed on.
     const std::string& taken() const { return taken_; }
 
   protected:
     int_type overflow(int_type c) override
     {
-        sync();
+        if (!passOn())
+            return traits_type::eof();
         if (!traits_type::eq_int_type(c, traits_type::eof()))
             sputc(traits_type::to_char_type(c));
         return traits_type::not_eof(c);
     }
 
-    int sync() override
-    {
-        taken_.append(pbase(), pptr());
-        empty();
-        return 0;
-    }
+    int sync() override { return passOn() ? 0 : -1; }
 
   private:
+    bool passOn()
+    {
+        const auto held = static_cast<std::size_t>(pptr() - pbase());
+        const auto fits = std::min(held, capacity_);
+        taken_.append(pbase(), fits);
+        empty();
+        if (fits == held) {
+            capacity_ -= held;
+            return true;
+        }
+        capacity_ = std::string::npos;
+        if (fault_ == Fault::Throws)
+            throw BufferFault();
+        return false;
+    }
+
     void empty() { setp(room_.data(), room_.data() + room_.size()); }
 
     std::string room_;
+    std::size_t capacity_; // what it can still pass on
+    Fault       fault_;
     std::string taken_;
 };
 

@@ -33,6 +33,7 @@ ipsecimpl_test(test_growth
   hostile/big_buffers.cpp
   hostile/big_document_test.cpp
   hostile/growth_cases.cpp
+  hostile/growth_operations.cpp
   hostile/growth_test.cpp
   ${PROJECT_SOURCE_DIR}/bench/memory/counting_heap.cpp)
 target_include_directories(test_growth PRIVATE ${PROJECT_SOURCE_DIR}/bench)
@@ -46,4 +47,5 @@ function(ipsecimpl_hostile_program name)
 endfunction()
 ipsecimpl_hostile_program(hostile_big_document
   hostile/big_document.cpp hostile/big_buffers.cpp hostile/growth_cases.cpp)
-ipsecimpl_hostile_program(hostile_growth hostile/growth.cpp hostile/growth_cases.cpp)
+ipsecimpl_hostile_program(hostile_growth
+  hostile/growth.cpp hostile/growth_cases.cpp hostile/growth_operations.cpp)

@@ -8,6 +8,12 @@
 #include <cstdint>
 #include <new>
 
+// Not every compiler declares these by itself.
+void operator delete(void* block, std::size_t size) noexcept;
+void operator delete[](void* block, std::size_t size) noexcept;
+void operator delete(void* block, std::size_t size, std::align_val_t alignment) noexcept;
+void operator delete[](void* block, std::size_t size, std::align_val_t alignment) noexcept;
+
 namespace ipsecimpl {
 namespace {
 

@@ -98,8 +98,11 @@ TEST(CheckModel, LooksAtNothingThatIsNotInForce)
 
 TEST(CheckModel, LeavesFindingsOfOthersInPlace)
 {
-    const Rule other    = {"other", Level::NOTE, "", "", ""};
-    Findings   findings = {{&other, {Kind::POLICY, 7, "x"}, "y"}};
+    const Rule other = {"other", Level::NOTE, "", "", ""};
+    Findings   findings(1); // field by field: of a whole one g++ 12 says that it may be uninitialised
+    findings[0].rule    = &other;
+    findings[0].path    = ObjectPath{Kind::POLICY, 7, "x"};
+    findings[0].message = "y";
     checkModel(having(transport(KEYMGR_NONE)), nullptr, findings);
     EXPECT_THAT(textsOf(findings, ""),
                 ElementsAre("other policies/7/x: y", "no-key-manager actions/1/keyMgr: TRANSPORT needs keys, but "
